@@ -1,0 +1,193 @@
+#include <gtest/gtest.h>
+
+#include <SDL.h>
+
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "OrvApplication.h"
+#include "OrvArrayException.h"
+#include "OrvRendererException.h"
+#include "OrvTimerManager.h"
+
+namespace
+{
+// A game whose hooks and slots record the order in which the engine calls them.
+class RecordingGame : public OrvApplication
+{
+public:
+    std::vector<std::string> calls;
+    std::vector<float> steps;
+    int turns = 0;
+    int exitAtTurn = 3;
+    bool throwInRenderWorld = false;
+    bool pauseOnInitialise = false;
+    std::vector<bool> pausedDuringUpdate;
+    int timerEnds = 0;
+
+    void Initialise(unsigned int width, unsigned int height) override
+    {
+        calls.push_back("Initialise " + std::to_string(width) + "x" + std::to_string(height));
+        OrvApplication::Initialise(width, height);
+    }
+    void OnInitialise() override
+    {
+        calls.push_back("OnInitialise");
+        EXPECT_NE(nullptr, GetTimerManager()) << "managers exist before the game's hook";
+        OrvTimer* timer = GetTimerManager()->AddTimer();
+        timer->SetTimeLimit(0.0f);
+        timer->SetEndCallBack([](OrvTimer*, void* game) { ++static_cast<RecordingGame*>(game)->timerEnds; }, this);
+        timer->Start();
+        if (pauseOnInitialise)
+            SetPaused(true);
+    }
+    void Update(float seconds) override
+    {
+        ++turns;
+        steps.push_back(seconds);
+        pausedDuringUpdate.push_back(GetPaused());
+        calls.push_back("Update");
+        OrvApplication::Update(seconds);
+        if (turns == exitAtTurn)
+            Exit();
+    }
+    void RenderWorld() override
+    {
+        calls.push_back("RenderWorld");
+        OrvApplication::RenderWorld();
+    }
+    void OnRenderWorld() override
+    {
+        calls.push_back("OnRenderWorld");
+        if (throwInRenderWorld)
+            throw OrvRendererException("boom", "tests/Application", 1);
+    }
+    void RenderHUD() override
+    {
+        calls.push_back("RenderHUD");
+        OrvApplication::RenderHUD();
+    }
+    void OnRenderHUD() override { calls.push_back("OnRenderHUD"); }
+    void Term() override
+    {
+        calls.push_back("Term");
+        OrvApplication::Term();
+    }
+    void OnTerminate() override { calls.push_back("OnTerminate"); }
+    void OnGainedMouseCoverage() override { calls.push_back("GainedMouse"); }
+    void OnLostMouseCoverage() override { calls.push_back("LostMouse"); }
+    void OnGainedInputFocus() override
+    {
+        calls.push_back("GainedFocus");
+        OrvApplication::OnGainedInputFocus();
+    }
+    void OnLostInputFocus() override { calls.push_back("LostFocus"); }
+    void OnBecameActive() override { calls.push_back("Active"); }
+    void OnBecameInactive() override { calls.push_back("Inactive"); }
+};
+}
+
+TEST(OrvApplication, RunsInitialiseTurnsAndTermInOrder)
+{
+    RecordingGame game;
+    EXPECT_FALSE(game.UpdateScreenBox()) << "nothing to measure before Initialise";
+    game.Run();
+
+    const std::vector<std::string> turn = {"Update", "RenderWorld", "OnRenderWorld", "RenderHUD", "OnRenderHUD"};
+    std::vector<std::string> expected = {"Initialise 4294967295x4294967295", "OnInitialise"};
+    for (int i = 0; i < 3; ++i)
+        expected.insert(expected.end(), turn.begin(), turn.end());
+    expected.push_back("Term");
+    expected.push_back("OnTerminate");
+    EXPECT_EQ(expected, game.calls) << "Exit() during Update still completes that turn";
+
+    for (float dt : game.steps)
+        EXPECT_GT(dt, 0.0f) << "a turn runs only once the clock has advanced";
+    EXPECT_EQ(1, game.timerEnds) << "timers advance with the turns";
+    EXPECT_EQ(nullptr, game.GetTimerManager()) << "Term releases the timer manager";
+    EXPECT_FALSE(game.IsRunning());
+}
+
+TEST(OrvApplication, AnExceptionInAHookLeavesRunWithoutTerm)
+{
+    RecordingGame game;
+    game.throwInRenderWorld = true;
+    EXPECT_THROW(game.Run(), OrvRendererException);
+    EXPECT_EQ("OnRenderWorld", game.calls.back());
+    for (const std::string& call : game.calls)
+        EXPECT_NE("Term", call);
+    EXPECT_NE(nullptr, game.GetTimerManager()) << "left for the destructor to release";
+}
+
+TEST(OrvApplication, PauseStopsOnlyTheWorldUpdate)
+{
+    RecordingGame game;
+    game.pauseOnInitialise = true;
+    game.exitAtTurn = 4;
+    game.Run();
+    ASSERT_FALSE(game.pausedDuringUpdate.empty());
+    EXPECT_FALSE(game.pausedDuringUpdate[0]) << "start-up ends unpaused, whatever the game set before";
+
+    RecordingGame paused;
+    paused.exitAtTurn = 2;
+    paused.Initialise(640, 480);
+    paused.SetPaused(true);
+    OrvTimer* timer = paused.GetTimerManager()->AddTimer();
+    timer->SetTimeLimit(1000.0f);
+    timer->Start();
+    paused.Update(0.25f);
+    paused.RenderWorld();
+    paused.RenderHUD();
+    EXPECT_FLOAT_EQ(0.25f, timer->GetCurrentSeconds()) << "timers go on while paused";
+    EXPECT_EQ("OnRenderHUD", paused.calls.back()) << "both trees still render while paused";
+    EXPECT_TRUE(paused.GetPaused());
+    paused.Term();
+}
+
+TEST(OrvApplication, FocusChangesReportAllThreePairs)
+{
+    // SDL's dummy video driver gives a focused, active window without a display.
+    setenv("SDL_VIDEODRIVER", "dummy", 1);
+    ASSERT_EQ(0, SDL_Init(SDL_INIT_VIDEO)) << SDL_GetError();
+    ASSERT_NE(nullptr, SDL_SetVideoMode(64, 64, 0, SDL_SWSURFACE)) << SDL_GetError();
+    const Uint8 state = SDL_GetAppState();
+    ASSERT_NE(0, state);
+
+    RecordingGame game;
+    game.exitAtTurn = 2;
+    game.Run();
+    SDL_Quit();
+
+    std::vector<std::string> focus;
+    for (const std::string& call : game.calls)
+        if (call != "Update" && call.find("Render") == std::string::npos && call.find("Init") == std::string::npos &&
+            call.find("Term") == std::string::npos)
+            focus.push_back(call);
+    std::vector<std::string> expected = {
+        (state & SDL_APPMOUSEFOCUS) ? "GainedMouse" : "LostMouse",
+        (state & SDL_APPINPUTFOCUS) ? "GainedFocus" : "LostFocus",
+        (state & SDL_APPACTIVE) ? "Active" : "Inactive",
+    };
+    EXPECT_EQ(expected, focus) << "reported once, on the first turn, since the remembered state starts at 0";
+}
+
+TEST(OrvApplication, CursorListKeepsDuplicatesAndChecksIndices)
+{
+    RecordingGame game;
+    OrvCursor* cursor = reinterpret_cast<OrvCursor*>(&game);
+    game.AddCursor(cursor);
+    game.AddCursor(cursor);
+    EXPECT_EQ(2u, game.GetCursorCount());
+    EXPECT_EQ(cursor, game.GetCursor(1));
+    try
+    {
+        game.GetCursor(game.GetCursorCount());
+        FAIL() << "an index past the end throws";
+    }
+    catch (const OrvArrayException& e)
+    {
+        EXPECT_STREQ("The index at which you are trying to access an element is out of bounds", e.message);
+    }
+}

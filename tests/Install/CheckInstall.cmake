@@ -1,0 +1,42 @@
+# Installs the built engine into a scratch prefix, then builds and runs a tiny
+# game against it, once through find_package and once through pkg-config.
+set(prefix ${ORV_WORK_DIR}/prefix)
+file(REMOVE_RECURSE ${ORV_WORK_DIR})
+
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "failed (${rc}): ${ARGN}\n${out}\n${err}")
+  endif()
+  message(STATUS "${out}")
+endfunction()
+
+set(flags "")
+if(ORV_SANITIZE)
+  set(flags "-fsanitize=address,undefined")
+endif()
+
+run(${CMAKE_COMMAND} --install ${ORV_BINARY_DIR} --prefix ${prefix})
+foreach(required include/OrvEngine/OrvApplication.h include/OrvEngine/OrvTArray.h
+                 include/OrvEngine/OrvEngine.h lib/cmake/OrvEngine/OrvEngineConfig.cmake
+                 lib/pkgconfig/orvengine.pc share/OrvEngine/media)
+  if(NOT EXISTS ${prefix}/${required})
+    message(FATAL_ERROR "not installed: ${required}")
+  endif()
+endforeach()
+
+run(${CMAKE_COMMAND} -S ${ORV_CONSUMER_DIR} -B ${ORV_WORK_DIR}/consumer-build
+    -DCMAKE_PREFIX_PATH=${prefix} "-DCMAKE_CXX_FLAGS=${flags}" "-DCMAKE_EXE_LINKER_FLAGS=${flags}")
+run(${CMAKE_COMMAND} --build ${ORV_WORK_DIR}/consumer-build)
+run(${ORV_WORK_DIR}/consumer-build/consumer)
+
+set(ENV{PKG_CONFIG_PATH} ${prefix}/lib/pkgconfig)
+execute_process(COMMAND pkg-config --cflags --libs orvengine OUTPUT_VARIABLE pc RESULT_VARIABLE rc OUTPUT_STRIP_TRAILING_WHITESPACE)
+if(NOT rc EQUAL 0)
+  message(FATAL_ERROR "pkg-config does not know orvengine")
+endif()
+separate_arguments(pc UNIX_COMMAND "${pc}")
+separate_arguments(flags UNIX_COMMAND "${flags}")
+run(c++ -std=c++17 ${flags} ${ORV_CONSUMER_DIR}/main.cpp ${pc} -o ${ORV_WORK_DIR}/consumer-pc)
+set(ENV{LD_LIBRARY_PATH} ${prefix}/lib)
+run(${ORV_WORK_DIR}/consumer-pc)
