@@ -17,7 +17,10 @@ public:
 
     bool SetCapacity(unsigned int n)
     {
-        const unsigned int k = static_cast<unsigned int>(unicode::AlignSize(n, m_granularity, false));
+        const unsigned long rounded = unicode::AlignSize(n, m_granularity, false);
+        if (rounded > 0xFFFFFFFFul)
+            return false;
+        const unsigned int k = static_cast<unsigned int>(rounded);
         if (k == 0)
         {
             Destroy();
@@ -85,6 +88,8 @@ public:
             return *this;
         const unsigned int otherSize = other.m_size;
         const unsigned int base = (m_size == 0) ? 0 : m_size - 1;
+        if (otherSize > 0xFFFFFFFFu - base)
+            return *this;
         if (this == &other)
         {
             CUnicodeBuffer copy;
