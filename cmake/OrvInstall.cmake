@@ -22,5 +22,8 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/OrvEngineConfigVersion.cm
 install(FILES ${PROJECT_BINARY_DIR}/OrvEngineConfig.cmake ${PROJECT_BINARY_DIR}/OrvEngineConfigVersion.cmake
   DESTINATION ${ORV_INSTALL_CMAKEDIR})
 
+# The pkg-config file finds its prefix from where it lies, so the installed
+# tree can move.
+file(RELATIVE_PATH ORV_PC_TO_PREFIX /orv/${CMAKE_INSTALL_LIBDIR}/pkgconfig /orv)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/orvengine.pc.in ${PROJECT_BINARY_DIR}/orvengine.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/orvengine.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -29,6 +29,7 @@
 #include "OrvInvalidAnimationException.h"
 #include "OrvInvalidMatrixException.h"
 #include "OrvInvalidSpriteException.h"
+#include "OrvMatrix.h"
 #include "OrvMessageException.h"
 #include "OrvRendererException.h"
 #include "OrvSingletonException.h"
@@ -41,5 +42,7 @@
 #include "OrvTreeNodeException.h"
 #include "OrvUnicode.h"
 #include "OrvUnicodeException.h"
+#include "OrvVector2D.h"
+#include "OrvVector3D.h"
 
 #endif

@@ -18,8 +18,8 @@ endif()
 
 run(${CMAKE_COMMAND} --install ${ORV_BINARY_DIR} --prefix ${prefix})
 foreach(required include/OrvEngine/OrvApplication.h include/OrvEngine/OrvTArray.h
-                 include/OrvEngine/OrvEngine.h lib/cmake/OrvEngine/OrvEngineConfig.cmake
-                 lib/pkgconfig/orvengine.pc share/OrvEngine/media)
+                 include/OrvEngine/OrvEngine.h ${ORV_LIBDIR}/cmake/OrvEngine/OrvEngineConfig.cmake
+                 ${ORV_LIBDIR}/pkgconfig/orvengine.pc share/OrvEngine/media)
   if(NOT EXISTS ${prefix}/${required})
     message(FATAL_ERROR "not installed: ${required}")
   endif()
@@ -30,7 +30,7 @@ run(${CMAKE_COMMAND} -S ${ORV_CONSUMER_DIR} -B ${ORV_WORK_DIR}/consumer-build
 run(${CMAKE_COMMAND} --build ${ORV_WORK_DIR}/consumer-build)
 run(${ORV_WORK_DIR}/consumer-build/consumer)
 
-set(ENV{PKG_CONFIG_PATH} ${prefix}/lib/pkgconfig)
+set(ENV{PKG_CONFIG_PATH} ${prefix}/${ORV_LIBDIR}/pkgconfig)
 execute_process(COMMAND pkg-config --cflags --libs orvengine OUTPUT_VARIABLE pc RESULT_VARIABLE rc OUTPUT_STRIP_TRAILING_WHITESPACE)
 if(NOT rc EQUAL 0)
   message(FATAL_ERROR "pkg-config does not know orvengine")
@@ -38,5 +38,5 @@ endif()
 separate_arguments(pc UNIX_COMMAND "${pc}")
 separate_arguments(flags UNIX_COMMAND "${flags}")
 run(c++ -std=c++17 ${flags} ${ORV_CONSUMER_DIR}/main.cpp ${pc} -o ${ORV_WORK_DIR}/consumer-pc)
-set(ENV{LD_LIBRARY_PATH} ${prefix}/lib)
+set(ENV{LD_LIBRARY_PATH} ${prefix}/${ORV_LIBDIR})
 run(${ORV_WORK_DIR}/consumer-pc)
