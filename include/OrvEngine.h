@@ -5,7 +5,7 @@
 #include "CLinkedList.h"
 #include "CSelfBind.h"
 #include "CUnicodeBuffer.h"
-#include "OrvAlignSize.h"
+#include "OrvBlockStorage.h"
 #include "OrvTArray.h"
 #include "OrvTObjectArray.h"
 #include "OrvTSingleton.h"

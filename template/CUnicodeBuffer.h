@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "OrvAlignSize.h"
+#include "OrvBlockStorage.h"
 
 // Growable buffer of character units held in one raw block, reallocated in
 // blocks of 32 units. Its size counts the units in use, a terminator included.
@@ -17,25 +17,7 @@ public:
 
     bool SetCapacity(unsigned int n)
     {
-        const unsigned long rounded = unicode::AlignSize(n, m_granularity, false);
-        if (rounded > 0xFFFFFFFFul)
-            return false;
-        const unsigned int k = static_cast<unsigned int>(rounded);
-        if (k == 0)
-        {
-            Destroy();
-            return true;
-        }
-        if (k == m_capacity)
-            return true;
-        T* block = static_cast<T*>(std::realloc(m_data, static_cast<std::size_t>(k) * sizeof(T)));
-        if (block == nullptr)
-            return false;
-        m_data = block;
-        m_capacity = k;
-        if (m_size > k)
-            m_size = k;
-        return true;
+        return orv_detail::ResizeBlock(m_data, m_capacity, m_size, n, m_granularity);
     }
 
     bool SetSize(unsigned int n)

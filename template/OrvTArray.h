@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "OrvAlignSize.h"
+#include "OrvBlockStorage.h"
 
 // List of pointers to polymorphic objects held in one raw block that grows and
 // shrinks in blocks of `granularity` slots by reallocation, so element objects
@@ -20,22 +20,7 @@ public:
 
     bool SetCapacity(unsigned long n)
     {
-        const unsigned long k = array::AlignSize(n, m_granularity, false);
-        if (k == 0)
-        {
-            Destroy();
-            return true;
-        }
-        if (k == m_capacity)
-            return true;
-        T** block = static_cast<T**>(std::realloc(m_data, k * sizeof(T*)));
-        if (block == nullptr)
-            return false;
-        m_data = block;
-        m_capacity = static_cast<unsigned int>(k);
-        if (m_size > k)
-            m_size = static_cast<unsigned int>(k);
-        return true;
+        return orv_detail::ResizeBlock(m_data, m_capacity, m_size, n, m_granularity);
     }
 
     bool SetSize(unsigned long n)

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "OrvAlignSize.h"
+#include "OrvBlockStorage.h"
 
 namespace
 {
@@ -33,24 +33,7 @@ bool CStdBuffer::SetPrependSize(unsigned long n)
 
 bool CStdBuffer::SetCapacity(unsigned long n)
 {
-    const unsigned long k = orv_detail::AlignSize(n, m_prependSize, false);
-    if (k == 0)
-    {
-        Destroy();
-        return true;
-    }
-    if (k == m_capacity)
-        return true;
-    if (k > kMaxBytes)
-        return false;
-    unsigned char* block = static_cast<unsigned char*>(std::realloc(m_data, k));
-    if (block == nullptr)
-        return false;
-    m_data = block;
-    m_capacity = static_cast<unsigned int>(k);
-    if (m_size > k)
-        m_size = static_cast<unsigned int>(k);
-    return true;
+    return orv_detail::ResizeBlock(m_data, m_capacity, m_size, n, m_prependSize);
 }
 
 bool CStdBuffer::SetSize(unsigned long n)

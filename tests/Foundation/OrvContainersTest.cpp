@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "OrvAlignSize.h"
+#include "OrvBlockStorage.h"
 #include "OrvTArray.h"
 #include "OrvTObjectArray.h"
 #include "OrvTStack.h"

@@ -1,5 +1,7 @@
-#ifndef ORV_ALIGN_SIZE_H
-#define ORV_ALIGN_SIZE_H
+#ifndef ORV_BLOCK_STORAGE_H
+#define ORV_BLOCK_STORAGE_H
+
+#include <cstdlib>
 
 // Rounding of a capacity to whole blocks, shared by the pointer array, the
 // string buffer and the byte buffer.
@@ -18,6 +20,36 @@ inline unsigned long AlignSize(unsigned long n, unsigned long block, bool allowZ
     const unsigned long m = (n == 0) ? 1 : n;
     const unsigned long r = (block == 0) ? 0 : (m & (block - 1));
     return (r == 0) ? n : m + block - r;
+}
+
+// Resizes one raw block of elements to the rounding of n (capacity blocks of
+// `block` elements) by reallocation, keeping the content. A rounding of 0
+// frees the block. On failure nothing changes and the answer is false. The
+// size is cut to the new capacity.
+template <class T>
+bool ResizeBlock(T*& data, unsigned int& capacity, unsigned int& size, unsigned long n, unsigned long block)
+{
+    const unsigned long k = AlignSize(n, block, false);
+    if (k == 0)
+    {
+        std::free(data);
+        data = nullptr;
+        capacity = 0;
+        size = 0;
+        return true;
+    }
+    if (k == capacity)
+        return true;
+    if (k > 0xFFFFFFFFul / sizeof(T))
+        return false;
+    T* grown = static_cast<T*>(std::realloc(data, k * sizeof(T)));
+    if (grown == nullptr)
+        return false;
+    data = grown;
+    capacity = static_cast<unsigned int>(k);
+    if (size > k)
+        size = static_cast<unsigned int>(k);
+    return true;
 }
 }
 
