@@ -16,6 +16,10 @@ public:
     // Hook through which a game may print an exception; does nothing here.
     virtual void Report();
 
+    // Keeps a copy of a message built at run time (one naming a file, say) for
+    // the life of the process, so that it can serve as an exception's message.
+    static const char* KeepMessage(const char* text);
+
     const char* message;
     const char* file;
     const char* name;

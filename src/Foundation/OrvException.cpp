@@ -1,5 +1,8 @@
 #include "OrvException.h"
 
+#include <string>
+#include <unordered_set>
+
 #include "OrvArrayException.h"
 #include "OrvTreeNodeException.h"
 #include "OrvStackException.h"
@@ -40,6 +43,13 @@ OrvException& OrvException::operator=(const OrvException& other) = default;
 OrvException::~OrvException() = default;
 
 void OrvException::Report() {}
+
+const char* OrvException::KeepMessage(const char* text)
+{
+    // Each distinct text is kept once.
+    static std::unordered_set<std::string> kept;
+    return kept.insert(text != nullptr ? text : "").first->c_str();
+}
 
 // A default-built member keeps the base's display name; one built from a
 // message carries its own.

@@ -1,0 +1,81 @@
+#ifndef ORV_FILE_H
+#define ORV_FILE_H
+
+#include <cstdio>
+
+#include "OrvUnicode.h"
+
+class OrvFileManager;
+
+enum OrvFileAcces
+{
+    FILE_READ = 0,  // "rb"
+    FILE_WRITE = 1  // "wb"
+};
+
+// Base of every file the engine reads or writes. A file is found by name inside
+// the registered big files first, then along the media paths, "./name" and the
+// bare name. Subclasses call Load or Save of this class first, then read or
+// write, then Close.
+class OrvFile
+{
+public:
+    enum SAVE_OPTION
+    {
+        SAVE_DEFAULT = 0,
+        SAVE_COMPRESSED = 1
+    };
+
+    OrvFile();
+    // Copies manager, ID, size, name, path and the data; the copy has no stream
+    // of its own.
+    OrvFile(const OrvFile& other);
+    OrvFile& operator=(const OrvFile& other);
+    virtual ~OrvFile();
+
+    // Only the first call counts.
+    virtual void Create(OrvFileManager* manager, unsigned int id);
+    virtual void Load(const OrvUnicode& name, const OrvUnicode& path);
+    virtual void Save(const OrvUnicode& name, SAVE_OPTION option);
+
+    void Open(const OrvUnicode& name, OrvFileAcces access);
+    void Close();
+    void Read(void* buffer, long size, long count);
+    void Write(const void* buffer, unsigned long size, unsigned long count);
+    // One byte per character, in writes of at most 512 bytes.
+    void WriteUnicodeAsASCII(const OrvUnicode& text);
+    void Rewind();
+
+    unsigned int GetID() const { return m_id; }
+    long GetSize() const { return m_size; }
+    unsigned char* GetData() const { return m_data; }
+    OrvUnicode GetName() const { return m_name; }
+    OrvUnicode GetPath() const { return m_path; }
+    FILE* GetSystemFile() const { return m_systemFile; }
+    bool GetIsInBigFile() const { return m_isInBigFile; }
+    OrvFileManager* GetFileManager() const { return m_fileManager; }
+    OrvUnicode GetExtension() const { return m_extension; }
+
+protected:
+    // Replaces the data buffer with a fresh one of `bytes` bytes (zeroed).
+    unsigned char* AllocateData(unsigned long bytes);
+    void FreeData();
+    // "<what> : <file name>", kept for the life of the process: the message of
+    // an OrvFileException that names this file.
+    const char* MessageNaming(const char* what) const;
+
+    OrvFileManager* m_fileManager;
+    OrvUnicode m_name;
+    unsigned int m_id;
+    long m_size;
+    unsigned char* m_data;
+    OrvUnicode m_path;
+    OrvUnicode m_extension;
+    FILE* m_systemFile;
+    bool m_isInBigFile;
+
+private:
+    unsigned long m_dataBytes;
+};
+
+#endif
