@@ -1,0 +1,38 @@
+#ifndef ORV_SOUND_FILE_H
+#define ORV_SOUND_FILE_H
+
+#include <memory>
+
+#include "OrvFile.h"
+
+// A sound: the raw samples in the data buffer (GetSize() bytes) and their
+// description.
+class OrvSoundFile : public OrvFile
+{
+public:
+    OrvSoundFile();
+    ~OrvSoundFile() override;
+
+    void Create(OrvFileManager* manager, unsigned int id) override;
+    void Load(const OrvUnicode& name, const OrvUnicode& path) override;
+    void Save(const OrvUnicode& name, SAVE_OPTION option) override;
+
+    unsigned int GetChannelCount() const { return m_channelCount; }
+    unsigned int GetFrequency() const { return m_frequency; }
+    unsigned int GetByteRate() const { return m_byteRate; }
+    unsigned int GetBlockAlign() const { return m_blockAlign; }
+    unsigned int GetBitsPerSample() const { return m_bitsPerSample; }
+
+protected:
+    // Reads the whole opened file (GetSize() bytes) into a new buffer and
+    // closes the file, also when the read fails.
+    std::unique_ptr<unsigned char[]> ReadWholeFile();
+
+    unsigned int m_channelCount;
+    unsigned int m_frequency;
+    unsigned int m_byteRate;
+    unsigned int m_blockAlign;
+    unsigned int m_bitsPerSample;
+};
+
+#endif
