@@ -5,6 +5,7 @@
 #include "OrvTObjectArray.h"
 
 class OrvCursor;
+class OrvFileManager;
 class OrvTimerManager;
 
 // Root object of a game. A game derives from it, implements the four hooks,
@@ -50,6 +51,7 @@ public:
     float GetLoadingPercent() const { return m_loadingPercent; }
     bool IsRunning() const { return m_running; }
 
+    OrvFileManager* GetFileManager() const { return m_fileManager; }
     OrvTimerManager* GetTimerManager() const { return m_timerManager; }
 
     // The screen box is the part of the plane z = 0 that the world camera sees;
@@ -65,6 +67,7 @@ public:
 private:
     void ReportFocusChanges();
 
+    OrvFileManager* m_fileManager;
     OrvTimerManager* m_timerManager;
     bool m_running;
     bool m_loading;

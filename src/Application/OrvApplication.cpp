@@ -2,8 +2,11 @@
 
 #include <SDL.h>
 
+#include "OrvFileManager.h"
 #include "OrvTime.h"
 #include "OrvTimerManager.h"
+#include "OrvXMLElement.h"
+#include "OrvXMLFile.h"
 
 namespace
 {
@@ -16,7 +19,8 @@ void DeleteAndNull(T*& object)
 }
 
 OrvApplication::OrvApplication()
-    : m_timerManager(nullptr),
+    : m_fileManager(nullptr),
+      m_timerManager(nullptr),
       m_running(false),
       m_loading(false),
       m_loadingPercent(0.0f),
@@ -32,6 +36,7 @@ OrvApplication::~OrvApplication()
     // material shelf, textures, HUD camera, world camera, the roots through the
     // game asset manager, the manager itself, renderer, files, window.
     DeleteAndNull(m_timerManager);
+    DeleteAndNull(m_fileManager);
     m_cursors.RemoveAll();
 }
 
@@ -79,8 +84,10 @@ void OrvApplication::Run()
 
 void OrvApplication::Initialise(unsigned int /*width*/, unsigned int /*height*/)
 {
-    // Start-up order: window (full screen), file manager and media paths,
-    // renderer Setup, game asset manager, the three roots, the two cameras,
+    // Window (full screen).
+    m_fileManager = new OrvFileManager();
+    LoadMediaPaths();
+    // Then: renderer Setup, game asset manager, the three roots, the two cameras,
     // texture manager, material shelf, message manager, input manager with this
     // application as first listener, sprite manager, then:
     m_timerManager = new OrvTimerManager();
@@ -99,7 +106,13 @@ void OrvApplication::Term()
     // Sound manager.
     DeleteAndNull(m_timerManager);
     // Sprite manager, input manager, message manager, texture manager, HUD
-    // camera, world camera, the three roots, renderer, file manager, window.
+    // camera, world camera, the three roots, renderer.
+    if (m_fileManager != nullptr)
+    {
+        m_fileManager->DeleteAllFiles();
+        DeleteAndNull(m_fileManager);
+    }
+    // Window.
 }
 
 void OrvApplication::Update(float seconds)
@@ -125,7 +138,17 @@ void OrvApplication::RenderHUD()
     // HUD tree, cursors on top, model stack back to identity.
 }
 
-void OrvApplication::LoadMediaPaths() {}
+void OrvApplication::LoadMediaPaths()
+{
+    // Every child of the root gives one media path, in document order; the
+    // names of the elements are not examined.
+    OrvXMLFile* paths = m_fileManager->GetOrLoad<OrvXMLFile>("MediaPaths.xml");
+    const OrvXMLElement* root = paths != nullptr ? paths->GetXMLRoot() : nullptr;
+    if (root == nullptr)
+        return;
+    for (unsigned int i = 0; i < root->GetChildCount(); ++i)
+        m_fileManager->AddMediaPath(root->GetChild(i)->GetContent());
+}
 
 void OrvApplication::ReportFocusChanges()
 {

@@ -9,11 +9,20 @@
 
 #include "OrvApplication.h"
 #include "OrvArrayException.h"
+#include "OrvFileException.h"
+#include "OrvFileManager.h"
+#include "OrvScratchDir.h"
 #include "OrvRendererException.h"
 #include "OrvTimerManager.h"
 
 namespace
 {
+// A working directory holding the media path list that start-up reads.
+struct GameDir : OrvScratchDir
+{
+    explicit GameDir(const char* mediaPaths = "<MediaPaths>\n</MediaPaths>\n") { Write("MediaPaths.xml", mediaPaths); }
+};
+
 // A game whose hooks and slots record the order in which the engine calls them.
 class RecordingGame : public OrvApplication
 {
@@ -91,6 +100,7 @@ public:
 
 TEST(OrvApplication, RunsInitialiseTurnsAndTermInOrder)
 {
+    GameDir dir;
     RecordingGame game;
     EXPECT_FALSE(game.UpdateScreenBox()) << "nothing to measure before Initialise";
     game.Run();
@@ -107,11 +117,13 @@ TEST(OrvApplication, RunsInitialiseTurnsAndTermInOrder)
         EXPECT_GT(dt, 0.0f) << "a turn runs only once the clock has advanced";
     EXPECT_EQ(1, game.timerEnds) << "timers advance with the turns";
     EXPECT_EQ(nullptr, game.GetTimerManager()) << "Term releases the timer manager";
+    EXPECT_EQ(nullptr, game.GetFileManager());
     EXPECT_FALSE(game.IsRunning());
 }
 
 TEST(OrvApplication, AnExceptionInAHookLeavesRunWithoutTerm)
 {
+    GameDir dir;
     RecordingGame game;
     game.throwInRenderWorld = true;
     EXPECT_THROW(game.Run(), OrvRendererException);
@@ -123,6 +135,7 @@ TEST(OrvApplication, AnExceptionInAHookLeavesRunWithoutTerm)
 
 TEST(OrvApplication, PauseStopsOnlyTheWorldUpdate)
 {
+    GameDir dir;
     RecordingGame game;
     game.pauseOnInitialise = true;
     game.exitAtTurn = 4;
@@ -148,6 +161,7 @@ TEST(OrvApplication, PauseStopsOnlyTheWorldUpdate)
 
 TEST(OrvApplication, FocusChangesReportAllThreePairs)
 {
+    GameDir dir;
     // SDL's dummy video driver gives a focused, active window without a display.
     setenv("SDL_VIDEODRIVER", "dummy", 1);
     ASSERT_EQ(0, SDL_Init(SDL_INIT_VIDEO)) << SDL_GetError();
@@ -190,4 +204,23 @@ TEST(OrvApplication, CursorListKeepsDuplicatesAndChecksIndices)
     {
         EXPECT_STREQ("The index at which you are trying to access an element is out of bounds", e.message);
     }
+}
+
+TEST(OrvApplication, StartUpReadsTheMediaPathList)
+{
+    GameDir dir("<MediaPaths>\n  <Path>gfx</Path>\n  <Anything>snd/</Anything>\n</MediaPaths>\n");
+    RecordingGame game;
+    game.Initialise(640, 480);
+    OrvFileManager* files = game.GetFileManager();
+    ASSERT_NE(nullptr, files);
+    ASSERT_EQ(2u, files->GetMediaPathCount());
+    EXPECT_TRUE(files->GetMediaPath(0) == "gfx/");
+    EXPECT_TRUE(files->GetMediaPath(1) == "snd/");
+    EXPECT_NE(nullptr, files->GetFile("MediaPaths.xml")) << "the list stays registered";
+    game.Term();
+    EXPECT_EQ(nullptr, game.GetFileManager());
+
+    OrvScratchDir empty;
+    RecordingGame lost;
+    EXPECT_THROW(lost.Run(), OrvFileException) << "no media path list, no start";
 }

@@ -2,9 +2,11 @@
 # game against it, once through find_package and once through pkg-config.
 set(prefix ${ORV_WORK_DIR}/prefix)
 file(REMOVE_RECURSE ${ORV_WORK_DIR})
+# Games start in a folder holding their media path list.
+file(WRITE ${ORV_WORK_DIR}/MediaPaths.xml "<MediaPaths>\n  <Path>${prefix}/share/OrvEngine/media</Path>\n</MediaPaths>\n")
 
 function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${ORV_WORK_DIR} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
   if(NOT rc EQUAL 0)
     message(FATAL_ERROR "failed (${rc}): ${ARGN}\n${out}\n${err}")
   endif()
