@@ -2,6 +2,7 @@
 #define ORV_FILE_H
 
 #include <cstdio>
+#include <memory>
 
 #include "OrvUnicode.h"
 
@@ -57,6 +58,9 @@ public:
     OrvUnicode GetExtension() const { return m_extension; }
 
 protected:
+    // Reads the whole opened file (GetSize() bytes) into a new buffer and
+    // closes the file, also when the read fails.
+    std::unique_ptr<unsigned char[]> ReadWholeFile();
     // Replaces the data buffer with a fresh one of `bytes` bytes (zeroed).
     unsigned char* AllocateData(unsigned long bytes);
     void FreeData();

@@ -1,7 +1,6 @@
 #ifndef ORV_IMAGE_FILE_H
 #define ORV_IMAGE_FILE_H
 
-#include <memory>
 
 #include "OrvFile.h"
 
@@ -34,9 +33,6 @@ public:
     unsigned long GetImageDataSize() const { return m_imageDataBytes; }
 
 protected:
-    // Reads the whole opened file (GetSize() bytes) into a new buffer and
-    // closes the file, also when the read fails.
-    std::unique_ptr<unsigned char[]> ReadWholeFile();
     // A fresh zeroed pixel buffer of `bytes` bytes.
     unsigned char* AllocateImageData(unsigned long bytes);
     // width x height x bytesPerPixel; false when it does not fit.

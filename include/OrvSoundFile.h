@@ -1,7 +1,6 @@
 #ifndef ORV_SOUND_FILE_H
 #define ORV_SOUND_FILE_H
 
-#include <memory>
 
 #include "OrvFile.h"
 
@@ -24,9 +23,6 @@ public:
     unsigned int GetBitsPerSample() const { return m_bitsPerSample; }
 
 protected:
-    // Reads the whole opened file (GetSize() bytes) into a new buffer and
-    // closes the file, also when the read fails.
-    std::unique_ptr<unsigned char[]> ReadWholeFile();
 
     unsigned int m_channelCount;
     unsigned int m_frequency;

@@ -252,6 +252,24 @@ void OrvFile::Rewind()
         std::rewind(m_systemFile);
 }
 
+std::unique_ptr<unsigned char[]> OrvFile::ReadWholeFile()
+{
+    std::unique_ptr<unsigned char[]> bytes;
+    try
+    {
+        const long size = m_size > 0 ? m_size : 0;
+        bytes.reset(new unsigned char[static_cast<unsigned long>(size)]);
+        Read(bytes.get(), 1, size);
+    }
+    catch (...)
+    {
+        Close();
+        throw;
+    }
+    Close();
+    return bytes;
+}
+
 unsigned char* OrvFile::AllocateData(unsigned long bytes)
 {
     FreeData();

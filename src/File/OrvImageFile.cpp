@@ -21,24 +21,6 @@ void OrvImageFile::Save(const OrvUnicode& name, SAVE_OPTION option)
     OrvFile::Save(name, option);
 }
 
-std::unique_ptr<unsigned char[]> OrvImageFile::ReadWholeFile()
-{
-    std::unique_ptr<unsigned char[]> bytes;
-    try
-    {
-        const long size = m_size > 0 ? m_size : 0;
-        bytes.reset(new unsigned char[static_cast<unsigned long>(size)]);
-        Read(bytes.get(), 1, size);
-    }
-    catch (...)
-    {
-        Close();
-        throw;
-    }
-    Close();
-    return bytes;
-}
-
 unsigned char* OrvImageFile::AllocateImageData(unsigned long bytes)
 {
     unsigned char* data = AllocateData(bytes);
