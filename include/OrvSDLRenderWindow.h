@@ -1,0 +1,55 @@
+#ifndef ORV_SDL_RENDER_WINDOW_H
+#define ORV_SDL_RENDER_WINDOW_H
+
+#include "OrvRenderWindow.h"
+
+struct SDL_Surface;
+
+// A window with an OpenGL context, opened through SDL's video mode. Create
+// initialises SDL's video and joystick subsystems; the destructor takes down
+// what Create brought up: all of SDL (SDL_Quit) when SDL was not running
+// before, otherwise only the subsystems that Create started.
+//
+// A width or height of 0xFFFFFFFF asks for the desktop's current size; the
+// window then stores the size it really took. When the environment variable
+// ORV_WINDOWED is set (to anything but "" or "0"), Create opens a window even
+// where full screen is asked for, and the stored flag says false.
+//
+// Failures of SDL (no display, no OpenGL visual) throw OrvRendererException
+// with SDL's own error text.
+class OrvSDLRenderWindow : public OrvRenderWindow
+{
+public:
+    // Flags of SDL_SetVideoMode at Create and at later mode changes, without full screen.
+    static constexpr unsigned int kCreateFlags = 0x60000003u;  // HWSURFACE | HWPALETTE | OPENGL | DOUBLEBUF
+    static constexpr unsigned int kResetFlags = 0x20000002u;   // HWPALETTE | OPENGL
+    static constexpr unsigned int kFullScreenFlag = 0x80000000u;
+    // Width or height asking for the desktop's current size.
+    static constexpr unsigned int kDesktopSize = 0xFFFFFFFFu;
+
+    OrvSDLRenderWindow();
+    ~OrvSDLRenderWindow() override;
+
+    void Create(const char* caption, unsigned int width, unsigned int height, bool fullScreen) override;
+    void SwapBuffers() override;
+    void ToggleFullScreen() override;
+    void SetWindowSize(unsigned int width, unsigned int height) override;
+
+    // The surface of the last video mode set; not owned, null before Create.
+    SDL_Surface* GetSurface() const { return m_surface; }
+    // The flags handed to the last SDL_SetVideoMode, 0 before Create.
+    unsigned int GetVideoModeFlags() const { return m_videoModeFlags; }
+
+private:
+    // Sets the GL attributes again and the video mode with the stored size and flag.
+    void ResetVideoMode();
+    void SetVideoMode(int bitsPerPixel, unsigned int flags);
+
+    SDL_Surface* m_surface;
+    unsigned int m_videoModeFlags;
+    // What this window brought up in SDL, and so takes down again.
+    bool m_startedSDL;
+    unsigned int m_startedSubsystems;
+};
+
+#endif

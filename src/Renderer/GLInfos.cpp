@@ -1,0 +1,5 @@
+#include "GLInfos.h"
+
+void GLInfos::Display(unsigned int /*what*/) {}
+
+void GLInfos::DisplayAll() {}

@@ -1,0 +1,123 @@
+#include "OrvSDLRenderWindow.h"
+
+#include <SDL.h>
+
+#include <cstdlib>
+
+#include "OrvRendererException.h"
+
+namespace
+{
+const char* const kSource = "src/Renderer/OrvSDLRenderWindow";
+const Uint32 kSubsystems = SDL_INIT_VIDEO | SDL_INIT_JOYSTICK;
+
+static_assert(OrvSDLRenderWindow::kCreateFlags == (SDL_HWSURFACE | SDL_OPENGL | SDL_HWPALETTE | SDL_DOUBLEBUF),
+              "video mode flags at Create");
+static_assert(OrvSDLRenderWindow::kResetFlags == (SDL_OPENGL | SDL_HWPALETTE), "video mode flags at mode changes");
+static_assert(OrvSDLRenderWindow::kFullScreenFlag == SDL_FULLSCREEN, "full-screen flag");
+
+// Development override: a window instead of full screen.
+bool WindowedForced()
+{
+    const char* value = std::getenv("ORV_WINDOWED");
+    return value != nullptr && value[0] != '\0' && !(value[0] == '0' && value[1] == '\0');
+}
+
+void SetGLAttributes()
+{
+    SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
+    SDL_GL_SetAttribute(SDL_GL_STENCIL_SIZE, 8);
+}
+
+// SDL's error text, kept for the process so an exception can carry it.
+const char* SDLError()
+{
+    return OrvException::KeepMessage(SDL_GetError());
+}
+}  // namespace
+
+OrvSDLRenderWindow::OrvSDLRenderWindow()
+    : OrvRenderWindow(), m_surface(nullptr), m_videoModeFlags(0), m_startedSDL(false), m_startedSubsystems(0)
+{
+}
+
+OrvSDLRenderWindow::~OrvSDLRenderWindow()
+{
+    if (m_startedSDL)
+        SDL_Quit();
+    else if (m_startedSubsystems != 0)
+        SDL_QuitSubSystem(m_startedSubsystems);
+}
+
+void OrvSDLRenderWindow::Create(const char* caption, unsigned int width, unsigned int height, bool fullScreen)
+{
+    OrvRenderWindow::Create(caption, width, height, fullScreen);
+
+    const Uint32 running = SDL_WasInit(SDL_INIT_EVERYTHING);
+    if (SDL_Init(kSubsystems) != 0)
+    {
+        const char* message = SDLError();
+        // Leave SDL as it was found: SDL_Init may have started part of it.
+        if (running == 0)
+            SDL_Quit();
+        else
+            SDL_QuitSubSystem(SDL_WasInit(kSubsystems) & ~running);
+        ORV_THROW(OrvRendererException, message, kSource);
+    }
+    if (!m_startedSDL && m_startedSubsystems == 0)
+    {
+        m_startedSDL = running == 0;
+        m_startedSubsystems = kSubsystems & ~running;
+    }
+
+    if (width == kDesktopSize || height == kDesktopSize)
+    {
+        // Only valid between SDL_Init and the first video mode.
+        const SDL_VideoInfo* info = SDL_GetVideoInfo();
+        const unsigned int desktopWidth = info != nullptr ? static_cast<unsigned int>(info->current_w) : 0;
+        const unsigned int desktopHeight = info != nullptr ? static_cast<unsigned int>(info->current_h) : 0;
+        if (width == kDesktopSize)
+            m_width = desktopWidth;
+        if (height == kDesktopSize)
+            m_height = desktopHeight;
+    }
+    if (m_fullScreen && WindowedForced())
+        m_fullScreen = false;
+
+    SetGLAttributes();
+    SetVideoMode(0, kCreateFlags | (m_fullScreen ? kFullScreenFlag : 0));
+    if (!m_fullScreen)
+        SDL_WM_SetCaption(m_caption, nullptr);
+    SDL_ShowCursor(SDL_DISABLE);
+}
+
+void OrvSDLRenderWindow::SwapBuffers()
+{
+    SDL_GL_SwapBuffers();
+}
+
+void OrvSDLRenderWindow::ToggleFullScreen()
+{
+    OrvRenderWindow::ToggleFullScreen();
+    ResetVideoMode();
+}
+
+void OrvSDLRenderWindow::SetWindowSize(unsigned int width, unsigned int height)
+{
+    OrvRenderWindow::SetWindowSize(width, height);
+    ResetVideoMode();
+}
+
+void OrvSDLRenderWindow::ResetVideoMode()
+{
+    SetGLAttributes();
+    SetVideoMode(32, kResetFlags | (m_fullScreen ? kFullScreenFlag : 0));
+}
+
+void OrvSDLRenderWindow::SetVideoMode(int bitsPerPixel, unsigned int flags)
+{
+    m_videoModeFlags = flags;
+    m_surface = SDL_SetVideoMode(static_cast<int>(m_width), static_cast<int>(m_height), bitsPerPixel, flags);
+    if (m_surface == nullptr)
+        ORV_THROW(OrvRendererException, SDLError(), kSource);
+}
