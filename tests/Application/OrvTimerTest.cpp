@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <utility>
 #include <vector>
 
 #include "OrvDbgTimer.h"
@@ -9,15 +10,11 @@ namespace
 {
 struct Record
 {
-    int ticks = 0;
-    int ends = 0;
+    int ticks = 0, ends = 0;
     bool runningAtEnd = false;
 };
 
-void CountTick(OrvTimer*, void* data)
-{
-    ++static_cast<Record*>(data)->ticks;
-}
+void CountTick(OrvTimer*, void* data) { ++static_cast<Record*>(data)->ticks; }
 
 void CountEnd(OrvTimer* timer, void* data)
 {
@@ -26,9 +23,28 @@ void CountEnd(OrvTimer* timer, void* data)
     record->runningAtEnd = timer->IsRunning();
 }
 
-void RestartOnEnd(OrvTimer* timer, void*)
+struct Scenario
 {
-    timer->Restart();
+    OrvTimerManager* manager = nullptr;
+    OrvTimer* victim = nullptr;
+    std::vector<int> order;
+};
+
+void AddAnotherTimer(OrvTimer*, void* data)
+{
+    Scenario* s = static_cast<Scenario*>(data);
+    s->order.push_back(1);
+    OrvTimer* added = s->manager->AddTimer();
+    added->SetEndCallBack([](OrvTimer*, void* d) { static_cast<Scenario*>(d)->order.push_back(2); }, s);
+    added->Start();
+}
+
+void DeleteVictim(OrvTimer* self, void* data)
+{
+    Scenario* s = static_cast<Scenario*>(data);
+    s->order.push_back(3);
+    s->manager->DeleteTimer(s->victim);
+    s->manager->DeleteTimer(self);
 }
 }
 
@@ -60,14 +76,12 @@ TEST(OrvTimer, TicksOncePerSecondAndEndsAtItsLimit)
     second.SetTimeLimit(100.0f);
     second.SetTickCallBack(CountTick, &partial);
     second.Start();
-    second.Update(0.6f);
-    EXPECT_EQ(0, partial.ticks);
-    second.Update(0.6f);
-    EXPECT_EQ(1, partial.ticks);
-    second.Update(0.9f);
-    EXPECT_EQ(1, partial.ticks);
-    second.Update(0.1f);
-    EXPECT_EQ(2, partial.ticks);
+    const std::pair<float, int> steps[] = {{0.6f, 0}, {0.6f, 1}, {0.9f, 1}, {0.1f, 2}};
+    for (const std::pair<float, int>& step : steps)
+    {
+        second.Update(step.first);
+        EXPECT_EQ(step.second, partial.ticks) << "after " << step.first;
+    }
     EXPECT_FLOAT_EQ(2.2f, second.GetCurrentSeconds());
 }
 
@@ -75,7 +89,6 @@ TEST(OrvTimer, LimitsThatEndAtOnceAndRestartInsideTheEndCallback)
 {
     Record record;
     OrvTimer unset;
-    EXPECT_EQ(-1.0f, unset.GetTimeLimit());
     unset.SetEndCallBack(CountEnd, &record);
     unset.Start();
     unset.Update(0.01f);
@@ -91,7 +104,7 @@ TEST(OrvTimer, LimitsThatEndAtOnceAndRestartInsideTheEndCallback)
 
     OrvTimer looping;
     looping.SetTimeLimit(1.0f);
-    looping.SetEndCallBack(RestartOnEnd, nullptr);
+    looping.SetEndCallBack([](OrvTimer* timer, void*) { timer->Restart(); }, nullptr);
     looping.Start();
     looping.Update(1.5f);
     EXPECT_FALSE(looping.IsRunning()) << "a restart made in the end callback is undone";
@@ -109,33 +122,6 @@ TEST(OrvTimer, LimitsThatEndAtOnceAndRestartInsideTheEndCallback)
     profiler.Start("frame");
     profiler.Stop();
     EXPECT_STREQ("", profiler.GetName());
-}
-
-namespace
-{
-struct Scenario
-{
-    OrvTimerManager* manager = nullptr;
-    OrvTimer* victim = nullptr;
-    std::vector<int> order;
-};
-
-void AddAnotherTimer(OrvTimer*, void* data)
-{
-    Scenario* s = static_cast<Scenario*>(data);
-    s->order.push_back(1);
-    OrvTimer* added = s->manager->AddTimer();
-    added->SetEndCallBack([](OrvTimer*, void* d) { static_cast<Scenario*>(d)->order.push_back(2); }, s);
-    added->Start();
-}
-
-void DeleteVictim(OrvTimer* self, void* data)
-{
-    Scenario* s = static_cast<Scenario*>(data);
-    s->order.push_back(3);
-    s->manager->DeleteTimer(s->victim);
-    s->manager->DeleteTimer(self);
-}
 }
 
 TEST(OrvTimerManager, CallbacksMayAddAndDeleteTimersDuringUpdate)

@@ -4,101 +4,58 @@
 #include <string>
 
 #include "OrvBigFile.h"
-#include "OrvFileException.h"
 #include "OrvFileManager.h"
-#include "OrvScratchDir.h"
+#include "OrvTestBytes.h"
 
 namespace
 {
-std::string U32(unsigned int v)
+std::string BigFileError(const std::string& message)
 {
-    const char bytes[4] = {static_cast<char>(v & 0xFF), static_cast<char>((v >> 8) & 0xFF),
-                           static_cast<char>((v >> 16) & 0xFF), static_cast<char>((v >> 24) & 0xFF)};
-    return std::string(bytes, 4);
+    return "Orv File Exception | " + message + " | src/File/OrvBigFile";
 }
 
-OrvBigFile* NewBigFile(OrvFileManager& manager)
-{
-    OrvBigFile* file = new OrvBigFile();
-    file->Create(&manager, ++manager.LastFileID);
-    manager.AddOrvFile(file);
-    return file;
-}
-
-// "name|message" of what the call throws.
-template <class Call>
-std::string Thrown(Call call)
-{
-    try
-    {
-        call();
-    }
-    catch (const OrvException& e)
-    {
-        return std::string(e.name) + "|" + e.message;
-    }
-    return "nothing thrown";
-}
-
-const std::string kFileError = "Orv File Exception|";
-
-// The two members of the reference layout: a.txt (5 bytes), b/d.xml (10 bytes).
-void WriteReferenceSources()
+// The sources of the two members of VbfExample().
+void WriteExampleSources()
 {
     OrvScratchDir::Write("a.txt", "hello");
-    OrvScratchDir::Write("b/d.xml", std::string("<x>\0\xff</x>!", 10));
-}
-
-std::string ReferenceArchive()
-{
-    return U32(2) + U32(12) + U32(30) + U32(5) + U32(5) + "a.txt" + "hello" + U32(10) + U32(7) + "b/d.xml" +
-           std::string("<x>\0\xff</x>!", 10);
+    OrvScratchDir::Write("b/d.xml", kVbfMember);
 }
 } // namespace
 
-TEST(OrvBigFile, BuildsTheReferenceLayoutAndReadsItBack)
-{
-    OrvScratchDir dir;
-    WriteReferenceSources();
-    OrvFileManager manager;
-    OrvBigFile* pack = NewBigFile(manager);
-    EXPECT_FALSE(pack->HasUnsavedChanges());
+using OrvBigFileTest = OrvScratchFiles;
 
+TEST_F(OrvBigFileTest, BuildsTheExampleLayoutAndReadsItBack)
+{
+    WriteExampleSources();
+    OrvBigFile* pack = NewFile<OrvBigFile>(manager);
     pack->AddFile("a.txt");
     pack->AddFile("b/d.xml");
-    ASSERT_EQ(2u, pack->GetFileCount());
-    EXPECT_EQ(12u, pack->GetFileInfo(0).startIndex);
-    EXPECT_EQ(30u, pack->GetFileInfo(1).startIndex);
-    EXPECT_EQ(10u, pack->GetFileInfo(1).size);
     EXPECT_EQ(1u, manager.GetFileCount()); // the sources are gone again
     EXPECT_TRUE(pack->HasUnsavedChanges());
     char buffer[16] = {};
-    EXPECT_EQ(kFileError + "You tried to get a file size from a unsaved big file",
-              Thrown([&] { pack->GetFileSize("a.txt"); }));
-    EXPECT_EQ(kFileError + "You tried to get a file data from a unsaved big file",
-              Thrown([&] { pack->GetFileData("a.txt", buffer, 5); }));
+    EXPECT_EQ(BigFileError("You tried to get a file size from a unsaved big file"),
+              Thrown([&] { pack->GetFileSize("a.txt"); }).Full());
+    EXPECT_EQ(BigFileError("You tried to get a file data from a unsaved big file"),
+              Thrown([&] { pack->GetFileData("a.txt", buffer, 5); }).Full());
 
     pack->Save("pack.vbf", OrvFile::SAVE_DEFAULT);
     EXPECT_FALSE(pack->HasUnsavedChanges());
     EXPECT_EQ(nullptr, pack->GetSystemFile());
-    EXPECT_EQ(ReferenceArchive(), OrvScratchDir::Read("pack.vbf"));
+    EXPECT_EQ(VbfExample(), OrvScratchDir::Read("pack.vbf"));
 
-    OrvBigFile* read = NewBigFile(manager);
+    OrvBigFile* read = NewFile<OrvBigFile>(manager);
     read->Load("pack.vbf", "");
     ASSERT_EQ(2u, read->GetFileCount());
-    EXPECT_TRUE(read->GetFileInfo(1).path == "b/d.xml");
-    EXPECT_EQ(30u, read->GetFileInfo(1).startIndex);
     EXPECT_EQ(nullptr, read->GetSystemFile());
     EXPECT_EQ(10, read->GetFileSize("b/d.xml"));
     EXPECT_EQ(0, read->GetFileSize("B/d.xml"));
     EXPECT_EQ(10, read->GetFileData("b/d.xml", buffer, 10));
-    EXPECT_EQ(0, std::memcmp(buffer, ReferenceArchive().data() + 45, 10));
+    EXPECT_EQ(kVbfMember, AsString(buffer, 10));
     std::memset(buffer, 0, sizeof(buffer));
     EXPECT_EQ(4, read->GetFileData("b/d.xml", buffer, 4));
-    EXPECT_EQ(0, std::memcmp(buffer, "<x>\0", 4));
-    EXPECT_EQ('\0', buffer[4]);
-    EXPECT_EQ(kFileError + "You tried to read to much data from a file in a big file",
-              Thrown([&] { read->GetFileData("b/d.xml", buffer, 11); }));
+    EXPECT_EQ(std::string("<x>\0\0", 5), AsString(buffer, 5));
+    EXPECT_EQ(BigFileError("You tried to read to much data from a file in a big file"),
+              Thrown([&] { read->GetFileData("b/d.xml", buffer, 11); }).Full());
     EXPECT_EQ(0, read->GetFileData("nothing.txt", buffer, 1));
 
     // Loading again appends the records; Create clears a pending change.
@@ -111,15 +68,13 @@ TEST(OrvBigFile, BuildsTheReferenceLayoutAndReadsItBack)
     EXPECT_FALSE(fresh.HasUnsavedChanges());
 }
 
-TEST(OrvBigFile, StartIndexesShiftAsTheTableGrows)
+TEST_F(OrvBigFileTest, StartIndexesShiftAsTheTableGrows)
 {
-    OrvScratchDir dir;
     OrvScratchDir::Write("one", "1");
     OrvScratchDir::Write("two2", "22");
     OrvScratchDir::Write("three", "333");
     OrvScratchDir::Write("four", "");
-    OrvFileManager manager;
-    OrvBigFile* pack = NewBigFile(manager);
+    OrvBigFile* pack = NewFile<OrvBigFile>(manager);
     pack->AddFile("one");
     pack->AddFile("two2");
     pack->AddFile("three");
@@ -136,23 +91,21 @@ TEST(OrvBigFile, StartIndexesShiftAsTheTableGrows)
     pack->Save("pack.vbf", OrvFile::SAVE_DEFAULT);
     const std::string bytes = OrvScratchDir::Read("pack.vbf");
     ASSERT_EQ(62u + 8 + 4, bytes.size());
-    EXPECT_EQ(U32(4) + U32(20) + U32(32) + U32(46) + U32(62), bytes.substr(0, 20));
+    EXPECT_EQ(Le32(4) + Le32(20) + Le32(32) + Le32(46) + Le32(62), bytes.substr(0, 20));
 
-    OrvBigFile* empty = NewBigFile(manager);
+    OrvBigFile* empty = NewFile<OrvBigFile>(manager);
     empty->Save("empty.vbf", OrvFile::SAVE_DEFAULT);
-    EXPECT_EQ(U32(0), OrvScratchDir::Read("empty.vbf"));
+    EXPECT_EQ(Le32(0), OrvScratchDir::Read("empty.vbf"));
     empty->Load("empty.vbf", "");
     EXPECT_EQ(0u, empty->GetFileCount());
-    EXPECT_EQ(kFileError + "The given file name doesn't have the right file extension",
-              Thrown([&] { empty->Save("packvbf", OrvFile::SAVE_DEFAULT); }));
+    EXPECT_EQ("The given file name doesn't have the right file extension",
+              Thrown([&] { empty->Save("packvbf", OrvFile::SAVE_DEFAULT); }).message);
 }
 
-TEST(OrvBigFile, EveryTruncationIsRefused)
+TEST_F(OrvBigFileTest, EveryTruncationIsRefused)
 {
-    OrvScratchDir dir;
-    const std::string archive = ReferenceArchive();
-    OrvFileManager manager;
-    OrvBigFile* pack = NewBigFile(manager);
+    const std::string archive = VbfExample();
+    OrvBigFile* pack = NewFile<OrvBigFile>(manager);
     for (size_t cut = 0; cut < archive.size(); ++cut)
     {
         OrvScratchDir::Write("cut.vbf", archive.substr(0, cut));
@@ -168,53 +121,49 @@ TEST(OrvBigFile, EveryTruncationIsRefused)
             expected = "Error reading sizes from big file";
         else if (cut < entry + 8 + pathLength)
             expected = "Error reading path from big file";
-        EXPECT_EQ(kFileError + expected, Thrown([&] { pack->Load("cut.vbf", ""); })) << "cut at " << cut;
+        EXPECT_EQ(BigFileError(expected), Thrown([&] { pack->Load("cut.vbf", ""); }).Full()) << "cut at " << cut;
         EXPECT_EQ(0u, pack->GetFileCount());
         EXPECT_EQ(nullptr, pack->GetSystemFile());
     }
 }
 
-TEST(OrvBigFile, CorruptTablesAreRefusedBeforeReading)
+TEST_F(OrvBigFileTest, CorruptTablesAreRefusedBeforeReading)
 {
-    OrvScratchDir dir;
-    OrvFileManager manager;
-    OrvBigFile* pack = NewBigFile(manager);
+    OrvBigFile* pack = NewFile<OrvBigFile>(manager);
     const auto load = [&](const std::string& bytes) {
         OrvScratchDir::Write("bad.vbf", bytes);
-        return Thrown([&] { pack->Load("bad.vbf", ""); });
+        return Thrown([&] { pack->Load("bad.vbf", ""); }).Full();
     };
-    EXPECT_EQ(kFileError + "Error reading start indexes from big file", load(U32(0xFFFFFFFF) + U32(8)));
-    EXPECT_EQ(kFileError + "Error reading sizes from big file", load(U32(1) + U32(0xFFFFFFF0) + U32(0) + U32(0)));
-    EXPECT_EQ(kFileError + "Error reading path from big file",
-              load(U32(1) + U32(8) + U32(0) + U32(0xFFFFFFFF) + "abc"));
-    EXPECT_EQ(kFileError + "A file's data run past the end of the big file : bad.vbf",
-              load(U32(1) + U32(8) + U32(0xFFFFFFFF) + U32(1) + "a" + "xyz"));
-    EXPECT_EQ(kFileError + "A path in the big file holds a zero byte : bad.vbf",
-              load(U32(1) + U32(8) + U32(1) + U32(2) + std::string("a\0", 2) + "z"));
+    EXPECT_EQ(BigFileError("Error reading start indexes from big file"), load(Le32(0xFFFFFFFF) + Le32(8)));
+    EXPECT_EQ(BigFileError("Error reading sizes from big file"), load(Le32(1) + Le32(0xFFFFFFF0) + Le32(0) + Le32(0)));
+    EXPECT_EQ(BigFileError("Error reading path from big file"),
+              load(Le32(1) + Le32(8) + Le32(0) + Le32(0xFFFFFFFF) + "abc"));
+    EXPECT_EQ(BigFileError("A file's data run past the end of the big file : bad.vbf"),
+              load(Le32(1) + Le32(8) + Le32(0xFFFFFFFF) + Le32(1) + "a" + "xyz"));
+    EXPECT_EQ(BigFileError("A path in the big file holds a zero byte : bad.vbf"),
+              load(Le32(1) + Le32(8) + Le32(1) + Le32(2) + std::string("a\0", 2) + "z"));
     // A second member that fails takes the first one's record with it.
-    EXPECT_EQ(kFileError + "Error reading sizes from big file",
-              load(U32(2) + U32(12) + U32(99) + U32(0) + U32(1) + "a"));
+    EXPECT_EQ(BigFileError("Error reading sizes from big file"),
+              load(Le32(2) + Le32(12) + Le32(99) + Le32(0) + Le32(1) + "a"));
     EXPECT_EQ(0u, pack->GetFileCount());
 
     // A well-formed table whose data shrank after loading: the member is named.
-    OrvScratchDir::Write("ok.vbf", ReferenceArchive());
+    OrvScratchDir::Write("ok.vbf", VbfExample());
     pack->Load("ok.vbf", "");
-    OrvScratchDir::Write("ok.vbf", ReferenceArchive().substr(0, 50));
+    OrvScratchDir::Write("ok.vbf", VbfExample().substr(0, 50));
     char buffer[10];
-    EXPECT_EQ(kFileError + "Error reading the data of a file from big file : b/d.xml",
-              Thrown([&] { pack->GetFileData("b/d.xml", buffer, 10); }));
+    EXPECT_EQ(BigFileError("Error reading the data of a file from big file : b/d.xml"),
+              Thrown([&] { pack->GetFileData("b/d.xml", buffer, 10); }).Full());
     EXPECT_EQ(nullptr, pack->GetSystemFile());
 }
 
-TEST(OrvBigFile, ServesMembersThroughTheManager)
+TEST_F(OrvBigFileTest, ServesMembersThroughTheManager)
 {
-    OrvScratchDir dir;
-    WriteReferenceSources();
-    OrvFileManager manager;
-    OrvBigFile* inner = NewBigFile(manager);
+    WriteExampleSources();
+    OrvBigFile* inner = NewFile<OrvBigFile>(manager);
     inner->AddFile("a.txt");
     inner->Save("inner.vbf", OrvFile::SAVE_DEFAULT);
-    OrvBigFile* outer = NewBigFile(manager);
+    OrvBigFile* outer = NewFile<OrvBigFile>(manager);
     outer->AddFile("b/d.xml");
     outer->AddFile("inner.vbf");
     OrvScratchDir::Write("data/outer.vbf", "");
@@ -224,11 +173,11 @@ TEST(OrvBigFile, ServesMembersThroughTheManager)
     // The archive is found at the path it was loaded with; the disk copy of a
     // member is shadowed by the archive.
     OrvScratchDir::Write("b/d.xml", "disk");
-    OrvBigFile* registered = NewBigFile(manager);
+    OrvBigFile* registered = NewFile<OrvBigFile>(manager);
     registered->Load("outer.vbf", "data/");
     char buffer[10];
     EXPECT_EQ(5, registered->GetFileData("b/d.xml", buffer, 5));
-    EXPECT_EQ(0, std::memcmp(buffer, "<x>\0\xff", 5));
+    EXPECT_EQ(kVbfMember.substr(0, 5), AsString(buffer, 5));
     OrvFileManager reader;
     reader.AddMediaPath("data");
     OrvBigFile* outerRead = reader.AddBigFile("outer.vbf");
@@ -237,26 +186,25 @@ TEST(OrvBigFile, ServesMembersThroughTheManager)
     EXPECT_TRUE(member->GetIsInBigFile());
     EXPECT_EQ(10, member->GetSize());
     member->Read(buffer, 1, 10);
-    EXPECT_EQ(std::string("<x>\0\xff</x>!", 10), std::string(buffer, 10));
-    EXPECT_EQ(kFileError + "A big file can't be loaded from inside another big file : inner.vbf",
-              Thrown([&] { reader.AddBigFile("inner.vbf"); }));
+    EXPECT_EQ(kVbfMember, AsString(buffer, 10));
+    EXPECT_EQ(BigFileError("A big file can't be loaded from inside another big file : inner.vbf"),
+              Thrown([&] { reader.AddBigFile("inner.vbf"); }).Full());
 
     // A member of a registered archive can be packed again into a new one.
-    OrvBigFile* repack = NewBigFile(reader);
+    OrvBigFile* repack = NewFile<OrvBigFile>(reader);
     repack->AddFile("b/d.xml");
     EXPECT_EQ(10u, repack->GetFileInfo(0).size);
     repack->Save("repack.vbf", OrvFile::SAVE_DEFAULT);
-    EXPECT_EQ(std::string("<x>\0\xff</x>!", 10), OrvScratchDir::Read("repack.vbf").substr(23));
+    EXPECT_EQ(kVbfMember, OrvScratchDir::Read("repack.vbf").substr(23));
     EXPECT_EQ(outerRead, reader.GetFile("outer.vbf"));
 }
 
-TEST(OrvBigFile, SourceFailuresLeaveNothingBehind)
+TEST_F(OrvBigFileTest, SourceFailuresLeaveNothingBehind)
 {
-    OrvScratchDir dir;
-    WriteReferenceSources();
-    OrvFileManager manager;
-    OrvBigFile* pack = NewBigFile(manager);
-    EXPECT_EQ(kFileError + "Can't find the file to read : missing.txt", Thrown([&] { pack->AddFile("missing.txt"); }));
+    WriteExampleSources();
+    OrvBigFile* pack = NewFile<OrvBigFile>(manager);
+    EXPECT_EQ("Orv File Exception | Can't find the file to read : missing.txt | src/File/OrvFile",
+              Thrown([&] { pack->AddFile("missing.txt"); }).Full());
     EXPECT_EQ(1u, manager.GetFileCount());
     EXPECT_EQ(0u, pack->GetFileCount());
     EXPECT_FALSE(pack->HasUnsavedChanges());
@@ -266,14 +214,14 @@ TEST(OrvBigFile, SourceFailuresLeaveNothingBehind)
     pack->AddFile("b/d.xml");
     OrvScratchDir::Write("b/d.xml", "short");
     OrvScratchDir::Write("pack.vbf", "previous contents");
-    EXPECT_EQ("Orv Exception|Failed to read a file while creating big file",
-              Thrown([&] { pack->Save("pack.vbf", OrvFile::SAVE_DEFAULT); }));
+    EXPECT_EQ("Orv Exception | Failed to read a file while creating big file | src/File/OrvBigFile",
+              Thrown([&] { pack->Save("pack.vbf", OrvFile::SAVE_DEFAULT); }).Full());
     EXPECT_EQ("", OrvScratchDir::Read("pack.vbf"));
     EXPECT_EQ(nullptr, pack->GetSystemFile());
     EXPECT_EQ(1u, manager.GetFileCount());
     EXPECT_TRUE(pack->HasUnsavedChanges());
 
     OrvBigFile unbound;
-    EXPECT_EQ(kFileError + "File manager not defined so file can't be opened (call Create())",
-              Thrown([&] { unbound.AddFile("a.txt"); }));
+    EXPECT_EQ(BigFileError("File manager not defined so file can't be opened (call Create())"),
+              Thrown([&] { unbound.AddFile("a.txt"); }).Full());
 }

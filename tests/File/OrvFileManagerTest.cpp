@@ -3,60 +3,30 @@
 #include <string>
 #include <vector>
 
-#include "OrvArrayException.h"
-#include "OrvFileException.h"
 #include "OrvFileManager.h"
-#include "OrvScratchDir.h"
+#include "OrvTestBytes.h"
 #include "OrvTextFile.h"
 
 namespace
 {
-// A file whose every write is recorded, to see how text is cut into writes.
-class RecordingFile : public OrvFile
-{
-public:
-    std::vector<unsigned long> writes;
-};
-
-std::string MessageOf(void (*action)(OrvFileManager&), OrvFileManager& manager)
-{
-    try
-    {
-        action(manager);
-    }
-    catch (const OrvFileException& e)
-    {
-        return e.message;
-    }
-    return "no exception";
-}
-
-OrvTextFile* NewText(OrvFileManager& manager)
-{
-    OrvTextFile* file = new OrvTextFile();
-    file->Create(&manager, ++manager.LastFileID);
-    manager.AddOrvFile(file);
-    return file;
-}
-
 std::string Contents(const OrvFile* file)
 {
-    return std::string(reinterpret_cast<const char*>(file->GetData()), static_cast<size_t>(file->GetSize()));
+    return AsString(file->GetData(), static_cast<unsigned long>(file->GetSize()));
 }
 }
 
-TEST(OrvFileManager, SearchOrderAlongMediaPaths)
+using OrvFileManagerTest = OrvScratchFiles;
+using OrvFileTest = OrvScratchFiles;
+
+TEST_F(OrvFileManagerTest, SearchOrderAlongMediaPaths)
 {
-    OrvScratchDir dir;
-    OrvFileManager manager;
     manager.AddMediaPath("media");
     manager.AddMediaPath("gfx\\");
     manager.AddMediaPath("");
-    EXPECT_EQ(3u, manager.GetMediaPathCount());
     EXPECT_TRUE(manager.GetMediaPath(0) == "media/");
     EXPECT_TRUE(manager.GetMediaPath(1) == "gfx\\");
     EXPECT_TRUE(manager.GetMediaPath(2) == "");
-    EXPECT_THROW(manager.GetMediaPath(3), OrvArrayException);
+    EXPECT_EQ("Orv Array Exception", Thrown([&] { manager.GetMediaPath(3); }).name);
 
     OrvScratchDir::Write("a.txt", "bare");
     EXPECT_EQ("bare", Contents(manager.GetOrLoad<OrvTextFile>("a.txt")));
@@ -65,7 +35,7 @@ TEST(OrvFileManager, SearchOrderAlongMediaPaths)
     EXPECT_EQ("second path", Contents(manager.GetOrLoad<OrvTextFile>("b.txt")));
     OrvScratchDir::Write("media/b.txt", "first path");
     EXPECT_EQ("second path", Contents(manager.GetOrLoad<OrvTextFile>("b.txt"))) << "a registered file is reused";
-    OrvTextFile* fresh = NewText(manager);
+    OrvTextFile* fresh = NewFile<OrvTextFile>(manager);
     fresh->Load("b.txt", "");
     EXPECT_EQ("first path", Contents(fresh));
     EXPECT_EQ(0, fresh->GetData()[fresh->GetSize()]) << "text ends with a zero byte";
@@ -74,28 +44,26 @@ TEST(OrvFileManager, SearchOrderAlongMediaPaths)
     // An explicit path is used as it is, without a separator.
     OrvScratchDir::Write("data/c.txt", "in data");
     OrvScratchDir::Write("datac.txt", "glued");
-    OrvTextFile* withSlash = NewText(manager);
+    OrvTextFile* withSlash = NewFile<OrvTextFile>(manager);
     withSlash->Load("c.txt", "data/");
     EXPECT_EQ("in data", Contents(withSlash));
-    OrvTextFile* glued = NewText(manager);
+    OrvTextFile* glued = NewFile<OrvTextFile>(manager);
     glued->Load("c.txt", "data");
     EXPECT_EQ("glued", Contents(glued));
 
     // Reading at an explicit place that holds nothing creates the file empty.
-    OrvTextFile* created = NewText(manager);
+    OrvTextFile* created = NewFile<OrvTextFile>(manager);
     created->Load("new.txt", "data/");
     EXPECT_EQ(0, created->GetSize());
     EXPECT_TRUE(OrvScratchDir::Exists("data/new.txt"));
 
-    OrvTextFile* missing = NewText(manager);
-    EXPECT_THROW(missing->Load("nowhere.txt", ""), OrvFileException);
+    OrvTextFile* missing = NewFile<OrvTextFile>(manager);
+    EXPECT_EQ("Can't find the file to read : nowhere.txt", Thrown([&] { missing->Load("nowhere.txt", ""); }).message);
     EXPECT_EQ(nullptr, missing->GetSystemFile());
 }
 
-TEST(OrvFileManager, WritingRewritesWhereFoundElseInTheWorkingDirectory)
+TEST_F(OrvFileManagerTest, WritingRewritesWhereFoundElseInTheWorkingDirectory)
 {
-    OrvScratchDir dir;
-    OrvFileManager manager;
     manager.AddMediaPath("one");
     manager.AddMediaPath("two");
     OrvScratchDir::Write("two/save.txt", "old contents");
@@ -103,78 +71,43 @@ TEST(OrvFileManager, WritingRewritesWhereFoundElseInTheWorkingDirectory)
     file->Save("save.txt", OrvFile::SAVE_DEFAULT);
     EXPECT_EQ("old contents", OrvScratchDir::Read("two/save.txt"));
 
-    OrvTextFile* other = NewText(manager);
+    OrvTextFile* other = NewFile<OrvTextFile>(manager);
     other->Open("other.txt", FILE_WRITE);
     other->WriteUnicodeAsASCII("hello");
     other->Close();
     EXPECT_EQ("hello", OrvScratchDir::Read("other.txt"));
     EXPECT_FALSE(OrvScratchDir::Exists("one/other.txt"));
-    EXPECT_TRUE(file->GetName() == "save.txt");
 }
 
-TEST(OrvFile, RefusalsAndExtensions)
+TEST_F(OrvFileTest, RefusalsAndExtensions)
 {
-    OrvScratchDir dir;
-    OrvFileManager manager;
     OrvTextFile orphan;
-    try
-    {
-        orphan.Open("a.txt", FILE_READ);
-        FAIL();
-    }
-    catch (const OrvFileException& e)
-    {
-        EXPECT_STREQ("File manager not defined so file can't be opened (call Create())", e.message);
-        EXPECT_STREQ("src/File/OrvFile", e.file);
-    }
+    EXPECT_EQ("Orv File Exception | File manager not defined so file can't be opened (call Create()) | "
+              "src/File/OrvFile",
+              Thrown([&] { orphan.Open("a.txt", FILE_READ); }).Full());
     orphan.Create(&manager, 0);
-    EXPECT_THROW(orphan.Open("a.txt", FILE_READ), OrvFileException);
+    EXPECT_EQ("File ID is not defined so file can't be opened (call Create())",
+              Thrown([&] { orphan.Open("a.txt", FILE_READ); }).message);
     OrvTextFile text;
     text.Create(&manager, 7);
     text.Create(nullptr, 9);
     EXPECT_EQ(7u, text.GetID()) << "only the first Create counts";
     EXPECT_EQ(&manager, text.GetFileManager());
 
-    const std::vector<std::string> badNames = {"a.TXT", "xt", "a.txtx"};
-    for (const std::string& name : badNames)
-    {
-        try
-        {
-            text.Open(name.c_str(), FILE_WRITE);
-            ADD_FAILURE() << name;
-        }
-        catch (const OrvFileException& e)
-        {
-            EXPECT_STREQ("The given file name doesn't have the right file extension", e.message) << name;
-        }
-    }
-    try
-    {
-        text.Open("a.txt", static_cast<OrvFileAcces>(2));
-        FAIL();
-    }
-    catch (const OrvFileException& e)
-    {
-        EXPECT_STREQ("You tried to open a file with an unhandled file access", e.message);
-    }
-    EXPECT_THROW(text.Write("x", 1, 1), OrvFileException);
-    try
-    {
-        text.WriteUnicodeAsASCII("x");
-        FAIL();
-    }
-    catch (const OrvFileException& e)
-    {
-        EXPECT_STREQ("You tried to write to a file that isn't open", e.message);
-    }
+    for (const char* name : {"a.TXT", "xt", "a.txtx"})
+        EXPECT_EQ("The given file name doesn't have the right file extension",
+                  Thrown([&] { text.Open(name, FILE_WRITE); }).message)
+            << name;
+    EXPECT_EQ("You tried to open a file with an unhandled file access",
+              Thrown([&] { text.Open("a.txt", static_cast<OrvFileAcces>(2)); }).message);
+    EXPECT_EQ("You tried to write to a file that isn't open", Thrown([&] { text.Write("x", 1, 1); }).message);
+    EXPECT_EQ("You tried to write to a file that isn't open", Thrown([&] { text.WriteUnicodeAsASCII("x"); }).message);
     char byte;
-    EXPECT_THROW(text.Read(&byte, 1, 1), OrvFileException);
+    EXPECT_EQ("Orv File Exception", Thrown([&] { text.Read(&byte, 1, 1); }).name);
 }
 
-TEST(OrvFile, WritesTextInBlocksOf512)
+TEST_F(OrvFileTest, WritesTextInBlocksOf512)
 {
-    OrvScratchDir dir;
-    OrvFileManager manager;
     OrvTextFile file;
     file.Create(&manager, 1);
     file.Open("long.txt", FILE_WRITE);
@@ -189,33 +122,21 @@ TEST(OrvFile, WritesTextInBlocksOf512)
     EXPECT_EQ(std::string(1000, 'x') + std::string(1024, 'y') + "A", written);
 }
 
-TEST(OrvFileManager, RegistryIdsAndCapacitySteps)
+TEST_F(OrvFileManagerTest, RegistryIdsAndCapacitySteps)
 {
-    OrvFileManager manager;
     EXPECT_EQ(10u, manager.GetFileCapacity());
-    EXPECT_EQ("You tried to delete a file that doesn't exists", MessageOf([](OrvFileManager& m) {
-                  OrvTextFile stranger;
-                  stranger.Create(&m, 99);
-                  m.DeleteOrvFile(&stranger);
-              }, manager));
+    OrvTextFile stranger;
+    stranger.Create(&manager, 99);
+    EXPECT_EQ("Orv File Exception | You tried to delete a file that doesn't exists | src/File/OrvFileManager",
+              Thrown([&] { manager.DeleteOrvFile(&stranger); }).Full());
     std::vector<OrvTextFile*> files;
     for (int i = 0; i < 25; ++i)
-        files.push_back(NewText(manager));
+        files.push_back(NewFile<OrvTextFile>(manager));
     EXPECT_EQ(30u, manager.GetFileCapacity());
     EXPECT_EQ(25u, manager.LastFileID);
-    EXPECT_EQ("You tried to add a file that already exists", MessageOf([](OrvFileManager& m) {
-                  OrvTextFile* twin = new OrvTextFile();
-                  twin->Create(&m, 3);
-                  try
-                  {
-                      m.AddOrvFile(twin);
-                  }
-                  catch (...)
-                  {
-                      delete twin;
-                      throw;
-                  }
-              }, manager));
+    OrvTextFile twin;
+    twin.Create(&manager, 3);
+    EXPECT_EQ("You tried to add a file that already exists", Thrown([&] { manager.AddOrvFile(&twin); }).message);
 
     manager.DeleteOrvFile(files[0]);
     EXPECT_EQ(30u, manager.GetFileCapacity()) << "6 free slots";

@@ -5,7 +5,7 @@
 #include "OrvBMPImageFile.h"
 #include "OrvFileException.h"
 #include "OrvFileManager.h"
-#include "OrvScratchDir.h"
+#include "OrvTestBytes.h"
 #include "OrvTGAImageFile.h"
 
 namespace
@@ -17,42 +17,6 @@ public:
     void ResetImageData() override {}
 };
 
-std::string Le16(unsigned int v)
-{
-    return std::string{static_cast<char>(v & 0xFF), static_cast<char>((v >> 8) & 0xFF)};
-}
-
-std::string Le32(unsigned long v)
-{
-    return Le16(v & 0xFFFF) + Le16((v >> 16) & 0xFFFF);
-}
-
-std::string Bytes(std::initializer_list<int> values)
-{
-    std::string s;
-    for (int v : values)
-        s += static_cast<char>(v);
-    return s;
-}
-
-std::string Tga(int colorMap, int type, unsigned int width, unsigned int height, int bits, const std::string& id,
-                const std::string& pixels, int descriptor = 0)
-{
-    std::string s = Bytes({static_cast<int>(id.size()), colorMap, type, 0, 0, 0, 0, 0});
-    s += Le16(7) + Le16(9) + Le16(width) + Le16(height) + Bytes({bits, descriptor});
-    return s + id + pixels;
-}
-
-// A file header, a 40-byte info header (or one of infoSize bytes) and the rows.
-std::string Bmp(unsigned long width, unsigned long height, const std::string& rows, unsigned long infoSize = 40,
-                const std::string& gap = "")
-{
-    std::string info = Le32(infoSize) + Le32(width) + Le32(height) + Le16(1) + Le16(24);
-    info.resize(infoSize, '\0');
-    const unsigned long offset = 14 + infoSize + gap.size();
-    return "BM" + Le32(offset + rows.size()) + Le32(0) + Le32(offset) + info + gap + rows;
-}
-
 template <class T>
 T* Load(OrvFileManager& manager, const std::string& name, const std::string& bytes)
 {
@@ -60,45 +24,17 @@ T* Load(OrvFileManager& manager, const std::string& name, const std::string& byt
     return manager.GetOrLoad<T>(OrvUnicode(name.c_str()));
 }
 
-// The message of the refusal, or "accepted".
-template <class T>
-std::string Refusal(const std::string& name, const std::string& bytes, std::string* file = nullptr)
-{
-    OrvFileManager manager;
-    try
-    {
-        Load<T>(manager, name, bytes);
-    }
-    catch (const OrvFileException& e)
-    {
-        if (file != nullptr)
-            *file = e.file;
-        return e.message;
-    }
-    return "accepted";
-}
-
 std::string DataOf(const OrvImageFile* image)
 {
-    return std::string(reinterpret_cast<const char*>(image->GetData()), image->GetImageDataSize());
-}
-
-// Every proper prefix of the file is refused with a message naming it.
-template <class T>
-void ExpectEveryCutRefused(const std::string& name, const std::string& bytes)
-{
-    for (size_t cut = 0; cut < bytes.size(); ++cut)
-    {
-        const std::string message = Refusal<T>(name, bytes.substr(0, cut));
-        EXPECT_NE(std::string::npos, message.find(name)) << "cut at " << cut << ": " << message;
-    }
+    return AsString(image->GetData(), image->GetImageDataSize());
 }
 }
 
-TEST(OrvTGAImageFile, LoadSwapsToRGBAndSaveSwapsBack)
+using OrvTGAImageFileTest = OrvScratchFiles;
+using OrvBMPImageFileTest = OrvScratchFiles;
+
+TEST_F(OrvTGAImageFileTest, LoadSwapsToRGBAndSaveSwapsBack)
 {
-    OrvScratchDir dir;
-    OrvFileManager manager;
     const std::string file = Tga(0, 2, 2, 1, 32, "", Bytes({1, 2, 3, 4, 5, 6, 7, 8}), 0x28);
     OrvTGAImageFile* image = Load<OrvTGAImageFile>(manager, "a.tga", file);
     EXPECT_EQ(2u, image->GetWidth());
@@ -114,51 +50,36 @@ TEST(OrvTGAImageFile, LoadSwapsToRGBAndSaveSwapsBack)
     image->Close();
     EXPECT_EQ(file, OrvScratchDir::Read("copy.tga"));
 
-    OrvTGAImageFile* rgb = Load<OrvTGAImageFile>(manager, "b.tga", Tga(0, 2, 3, 1, 24, "", "ABCDEFGHI"));
+    // 24 bits, with an ID field that is skipped on load and not written back.
+    OrvTGAImageFile* rgb = Load<OrvTGAImageFile>(manager, "b.tga", Tga(0, 2, 3, 1, 24, "hello", "ABCDEFGHI"));
     EXPECT_EQ(OrvImageFile::PIXEL_RGB, rgb->GetPixelFormat());
+    EXPECT_EQ(5, rgb->GetIDFieldCharCount());
     EXPECT_EQ("CBAFEDIHG", DataOf(rgb));
-    // A registered name is served as it is, not read again.
-    OrvScratchDir::Write("b.tga", "");
-    EXPECT_EQ(rgb, manager.GetOrLoad<OrvTGAImageFile>("b.tga"));
+    rgb->Save("out.tga", OrvFile::SAVE_DEFAULT);
+    rgb->Close();
+    EXPECT_EQ(Tga(0, 2, 3, 1, 24, "", "ABCDEFGHI"), OrvScratchDir::Read("out.tga"));
 }
 
-TEST(OrvTGAImageFile, IDFieldIsSkippedAndNotWritten)
+TEST_F(OrvTGAImageFileTest, RefusesWhatItCannotRead)
 {
-    OrvScratchDir dir;
-    OrvFileManager manager;
-    OrvTGAImageFile* image = Load<OrvTGAImageFile>(manager, "id.tga", Tga(0, 2, 1, 1, 24, "hello", "xyz"));
-    EXPECT_EQ(5, image->GetIDFieldCharCount());
-    EXPECT_EQ("zyx", DataOf(image));
-
-    image->Save("out.tga", OrvFile::SAVE_DEFAULT);
-    image->Close();
-    const std::string saved = OrvScratchDir::Read("out.tga");
-    ASSERT_EQ(21u, saved.size());
-    EXPECT_EQ(0, saved[0]);
-    EXPECT_EQ("xyz", saved.substr(18));
-}
-
-TEST(OrvTGAImageFile, RefusesWhatItCannotRead)
-{
-    OrvScratchDir dir;
-    std::string file;
-    EXPECT_EQ("TGA colors maps aren't supported, get to work !",
-              Refusal<OrvTGAImageFile>("map.tga", Tga(1, 1, 1, 1, 8, "", "x"), &file));
-    EXPECT_EQ("src/File/OrvTGAImageFile", file);
-    EXPECT_EQ("TGA image type not supported", Refusal<OrvTGAImageFile>("rle.tga", Tga(0, 10, 1, 1, 24, "", "abc")));
-    EXPECT_EQ("TGA image type not supported", Refusal<OrvTGAImageFile>("grey.tga", Tga(0, 3, 1, 1, 8, "", "a")));
+    EXPECT_EQ("Orv File Exception | TGA colors maps aren't supported, get to work ! | src/File/OrvTGAImageFile",
+              Refusal<OrvTGAImageFile>("map.tga", Tga(1, 1, 1, 1, 8, "", "x")).Full());
+    EXPECT_EQ("TGA image type not supported",
+              Refusal<OrvTGAImageFile>("rle.tga", Tga(0, 10, 1, 1, 24, "", "abc")).message);
+    EXPECT_EQ("TGA image type not supported",
+              Refusal<OrvTGAImageFile>("grey.tga", Tga(0, 3, 1, 1, 8, "", "a")).message);
     EXPECT_EQ("TGA image pixel size not supported, get to work !",
-              Refusal<OrvTGAImageFile>("16.tga", Tga(0, 2, 1, 1, 16, "", "ab")));
+              Refusal<OrvTGAImageFile>("16.tga", Tga(0, 2, 1, 1, 16, "", "ab")).message);
     EXPECT_EQ("The given file name doesn't have the right file extension",
-              Refusal<OrvTGAImageFile>("a.TGA", Tga(0, 2, 1, 1, 24, "", "abc")));
+              Refusal<OrvTGAImageFile>("a.TGA", Tga(0, 2, 1, 1, 24, "", "abc")).message);
 
     // A huge declared image with no pixels is refused before anything is allocated.
-    const std::string huge = Refusal<OrvTGAImageFile>("big.tga", Tga(0, 2, 65535, 65535, 32, "", "ab"));
-    EXPECT_NE(std::string::npos, huge.find("big.tga"));
+    EXPECT_EQ("TGA file shorter than its pixel data : big.tga",
+              Refusal<OrvTGAImageFile>("big.tga", Tga(0, 2, 65535, 65535, 32, "", "ab")).message);
     ExpectEveryCutRefused<OrvTGAImageFile>("cut.tga", Tga(0, 2, 2, 2, 24, "id", "abcdefghijkl"));
 }
 
-TEST(OrvTGAImageFile, PasteCopiesTheSourceIntoPlace)
+TEST_F(OrvTGAImageFileTest, PasteCopiesTheSourceIntoPlace)
 {
     OrvTGAImageFile target;
     target.SetWidth(4);
@@ -177,15 +98,11 @@ TEST(OrvTGAImageFile, PasteCopiesTheSourceIntoPlace)
         source.GetData()[i] = static_cast<unsigned char>(100 + i);
 
     target.PasteImageFile(&source, 1, 1);
-    for (unsigned int pixel = 0; pixel < 16; ++pixel)
-    {
-        const int sourcePixel = pixel == 5 ? 0 : pixel == 6 ? 1 : pixel == 9 ? 2 : pixel == 10 ? 3 : -1;
-        for (unsigned int b = 0; b < 4; ++b)
-        {
-            const int expected = sourcePixel < 0 ? 0 : 100 + sourcePixel * 4 + static_cast<int>(b);
-            EXPECT_EQ(expected, target.GetData()[pixel * 4 + b]) << "pixel " << pixel;
-        }
-    }
+    // The two source rows land at pixels 5-6 and 9-10 of the 4 x 4 target.
+    std::string expected(64, '\0');
+    for (int b = 0; b < 16; ++b)
+        expected[(b < 8 ? 20 : 36) + b % 8] = static_cast<char>(100 + b);
+    EXPECT_EQ(expected, DataOf(&target));
 
     EXPECT_THROW(target.PasteImageFile(&source, 3, 0), OrvFileException);
     EXPECT_THROW(target.PasteImageFile(&source, 0, 0xFFFFFFFF), OrvFileException);
@@ -197,10 +114,8 @@ TEST(OrvTGAImageFile, PasteCopiesTheSourceIntoPlace)
     EXPECT_THROW(target.Save("never.tga", OrvFile::SAVE_DEFAULT), OrvFileException);
 }
 
-TEST(OrvBMPImageFile, ReadsPaddedRowsInFileOrder)
+TEST_F(OrvBMPImageFileTest, ReadsPaddedRowsInFileOrderAndRefusesShortFiles)
 {
-    OrvScratchDir dir;
-    OrvFileManager manager;
     // 3 x 2: 9 bytes of pixels and 3 of padding a row; two gap bytes before the pixels.
     const std::string rows = "ABCDEFGHI" + Bytes({0, 0, 0}) + "JKLMNOPQR" + Bytes({0, 0, 0});
     GameBMPImageFile* image = Load<GameBMPImageFile>(manager, "a.bmp", Bmp(3, 2, rows, 40, ".."));
@@ -208,21 +123,18 @@ TEST(OrvBMPImageFile, ReadsPaddedRowsInFileOrder)
     EXPECT_EQ(2u, image->GetHeight());
     EXPECT_EQ(OrvImageFile::PIXEL_RGB, image->GetPixelFormat());
     EXPECT_EQ("CBAFEDIHGLKJONMRQP", DataOf(image));
-
+    // A 12-byte core header gives no size.
     GameBMPImageFile* core = Load<GameBMPImageFile>(manager, "core.bmp", Bmp(3, 2, rows, 12));
     EXPECT_EQ(0u, core->GetWidth());
     EXPECT_EQ(0u, core->GetHeight());
     EXPECT_EQ(0u, core->GetImageDataSize());
-}
 
-TEST(OrvBMPImageFile, RefusesShortFiles)
-{
-    OrvScratchDir dir;
-    const std::string rows = "ABCDEFGHI" + Bytes({0, 0, 0}) + "JKLMNOPQR" + Bytes({0, 0, 0});
     ExpectEveryCutRefused<GameBMPImageFile>("cut.bmp", Bmp(3, 2, rows));
     // A top-down height (negative) and a huge width point far past the end.
-    EXPECT_NE(std::string::npos, Refusal<GameBMPImageFile>("down.bmp", Bmp(3, 0xFFFFFFFE, rows)).find("down.bmp"));
-    EXPECT_NE(std::string::npos, Refusal<GameBMPImageFile>("wide.bmp", Bmp(0xFFFFFFFF, 2, rows)).find("wide.bmp"));
+    EXPECT_EQ("BMP file shorter than its pixel data : down.bmp",
+              Refusal<GameBMPImageFile>("down.bmp", Bmp(3, 0xFFFFFFFE, rows)).message);
+    EXPECT_EQ("BMP file shorter than its pixel data : wide.bmp",
+              Refusal<GameBMPImageFile>("wide.bmp", Bmp(0xFFFFFFFF, 2, rows)).message);
     EXPECT_EQ("The given file name doesn't have the right file extension",
-              Refusal<GameBMPImageFile>("a.bitmap", Bmp(3, 2, rows)));
+              Refusal<GameBMPImageFile>("a.bitmap", Bmp(3, 2, rows)).message);
 }

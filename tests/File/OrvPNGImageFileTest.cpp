@@ -2,11 +2,11 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
-#include "OrvFileException.h"
 #include "OrvFileManager.h"
 #include "OrvPNGImageFile.h"
-#include "OrvScratchDir.h"
+#include "OrvTestBytes.h"
 
 namespace
 {
@@ -17,135 +17,87 @@ public:
     void ResetImageData() override {}
 };
 
-const std::string kSignature = "\x89PNG\r\n\x1a\n";
-
-std::string Be32(unsigned long v)
+// The message of the refusal, "nothing thrown" when the file is accepted.
+std::string PngRefusal(const std::string& name, const std::string& bytes)
 {
-    return std::string{static_cast<char>((v >> 24) & 0xFF), static_cast<char>((v >> 16) & 0xFF),
-                       static_cast<char>((v >> 8) & 0xFF), static_cast<char>(v & 0xFF)};
-}
-
-// CRCs are not checked by the reader: they are left zero.
-std::string Chunk(const std::string& type, const std::string& data)
-{
-    return Be32(data.size()) + type + data + std::string(4, '\0');
-}
-
-std::string Png(unsigned long width, unsigned long height, int depth, int colorType, const std::string& chunks,
-                int interlace = 0)
-{
-    std::string ihdr = Be32(width) + Be32(height);
-    ihdr += std::string{static_cast<char>(depth), static_cast<char>(colorType), 0, 0, static_cast<char>(interlace)};
-    return kSignature + Chunk("IHDR", ihdr) + chunks + Chunk("IEND", "");
-}
-
-std::string Refusal(const std::string& name, const std::string& bytes, std::string* file = nullptr)
-{
-    OrvScratchDir::Write(name, bytes);
-    OrvFileManager manager;
-    try
-    {
-        manager.GetOrLoad<GamePNGImageFile>(OrvUnicode(name.c_str()));
-    }
-    catch (const OrvFileException& e)
-    {
-        if (file != nullptr)
-            *file = e.file;
-        return e.message;
-    }
-    return "accepted";
+    return Refusal<GamePNGImageFile>(name, bytes).message;
 }
 
 const char* const kBadDepth = "Coulnd't read png file : invalid bit depth";
 const char* const kCorrupted = "Couldn't read png file, the file is currupted";
 }
 
-TEST(OrvPNGImageFile, ReadsTheImageHeader)
+using OrvPNGImageFileTest = OrvScratchFiles;
+
+TEST_F(OrvPNGImageFileTest, ReadsTheHeaderAndThePalette)
 {
-    OrvScratchDir dir;
-    OrvFileManager manager;
-    OrvScratchDir::Write("grey.png", Png(70000, 3, 16, 0, Chunk("IDAT", "zz"), 1));
+    OrvScratchDir::Write("grey.png", Png(70000, 3, 16, 0, PngChunk("IDAT", "zz"), 1));
     GamePNGImageFile* image = manager.GetOrLoad<GamePNGImageFile>("grey.png");
     EXPECT_EQ(70000u, image->GetWidth());
     EXPECT_EQ(3u, image->GetHeight());
     EXPECT_EQ(16u, image->GetBitDepth());
     EXPECT_EQ(0u, image->GetColorType());
-    EXPECT_EQ(0u, image->GetCompressionMethod());
-    EXPECT_EQ(0u, image->GetFilterMethod());
     EXPECT_EQ(1u, image->GetInterlaceMethod());
-    EXPECT_EQ(nullptr, image->GetPalette());
-    EXPECT_EQ(0u, image->GetImageDataSize());
     EXPECT_EQ(nullptr, image->GetSystemFile());
 
-    std::string file;
-    EXPECT_EQ("The file you tried to open is not a png file",
-              Refusal("gif.png", "GIF89a" + std::string(40, '\0'), &file));
-    EXPECT_EQ("src/File/OrvPNGImageFile", file);
+    // Chunks are walked for the palette.
+    const std::string chunks = PngChunk("tEXt", "note") + PngChunk("PLTE", "\x01\x02\xff\x10\x20\x30") +
+                               PngChunk("IDAT", "abc") + PngChunk("IDAT", "");
+    OrvScratchDir::Write("p.png", Png(4, 4, 4, 3, chunks) + "trailing");
+    GamePNGImageFile* paletted = manager.GetOrLoad<GamePNGImageFile>("p.png");
+    ASSERT_EQ(6u, paletted->GetPaletteValueCount());
+    EXPECT_EQ((std::vector<unsigned int>{1, 2, 255, 16, 32, 48}),
+              std::vector<unsigned int>(paletted->GetPalette(), paletted->GetPalette() + 6));
+
+    // A copy owns a palette of its own.
+    GamePNGImageFile copy(*paletted);
+    ASSERT_NE(paletted->GetPalette(), copy.GetPalette());
+    EXPECT_EQ(48u, copy.GetPalette()[5]);
+
+    EXPECT_EQ("Orv File Exception | The file you tried to open is not a png file | src/File/OrvPNGImageFile",
+              Refusal<GamePNGImageFile>("gif.png", "GIF89a" + std::string(40, '\0')).Full());
     // A signature whose CR LF became LF.
     EXPECT_EQ("The file you tried to open is not a png file",
-              Refusal("unix.png", "\x89PNG\n\x1a\n" + Png(1, 1, 8, 2, "").substr(7)));
-    EXPECT_EQ("The given file name doesn't have the right file extension", Refusal("a.PNG", Png(1, 1, 8, 2, "")));
+              PngRefusal("unix.png", "\x89PNG\n\x1a\n" + Png(1, 1, 8, 2, "").substr(7)));
+    EXPECT_EQ("The given file name doesn't have the right file extension", PngRefusal("a.PNG", Png(1, 1, 8, 2, "")));
 }
 
-TEST(OrvPNGImageFile, ChecksBitDepthByColorType)
+TEST_F(OrvPNGImageFileTest, ChecksBitDepthByColorType)
 {
-    OrvScratchDir dir;
     const std::set<int> greyDepths = {1, 2, 4, 8, 16};
     const std::set<int> paletteDepths = {1, 2, 4, 8};
     const std::set<int> wideDepths = {8, 16};
-    const std::string palette = Chunk("PLTE", "abc");
+    const std::string palette = PngChunk("PLTE", "abc");
     for (int colorType = 0; colorType <= 8; ++colorType)
     {
         for (int depth : {0, 1, 2, 3, 4, 8, 12, 16, 32})
         {
-            std::string expected = "accepted";
+            std::string expected = "nothing thrown";
             if (colorType == 1 || colorType == 5 || colorType > 6)
                 expected = "Couldn't read png file : invalid color type";
             else if (!(colorType == 0 ? greyDepths : colorType == 3 ? paletteDepths : wideDepths).count(depth))
                 expected = kBadDepth;
-            EXPECT_EQ(expected, Refusal("t.png", Png(2, 2, depth, colorType, palette)))
+            EXPECT_EQ(expected, PngRefusal("t.png", Png(2, 2, depth, colorType, palette)))
                 << "colour type " << colorType << ", depth " << depth;
         }
     }
 }
 
-TEST(OrvPNGImageFile, WalksChunksForThePalette)
+TEST_F(OrvPNGImageFileTest, RefusesCorruptedAndShortFiles)
 {
-    OrvScratchDir dir;
-    OrvFileManager manager;
-    const std::string chunks = Chunk("tEXt", "note") + Chunk("PLTE", "\x01\x02\xff\x10\x20\x30") +
-                               Chunk("IDAT", "abc") + Chunk("IDAT", "");
-    OrvScratchDir::Write("p.png", Png(4, 4, 4, 3, chunks) + "trailing");
-    GamePNGImageFile* image = manager.GetOrLoad<GamePNGImageFile>("p.png");
-    ASSERT_EQ(6u, image->GetPaletteValueCount());
-    const unsigned int expected[] = {1, 2, 255, 16, 32, 48};
-    for (unsigned int i = 0; i < 6; ++i)
-        EXPECT_EQ(expected[i], image->GetPalette()[i]);
-
-    // A copy owns a palette of its own.
-    GamePNGImageFile copy(*image);
-    ASSERT_NE(image->GetPalette(), copy.GetPalette());
-    EXPECT_EQ(48u, copy.GetPalette()[5]);
-}
-
-TEST(OrvPNGImageFile, RefusesCorruptedAndShortFiles)
-{
-    OrvScratchDir dir;
-    const std::string plte = Chunk("PLTE", "abcdef");
-    const std::string good = Png(1, 1, 8, 3, plte + Chunk("IDAT", "xyz"));
-    std::string file;
-    EXPECT_EQ(kCorrupted, Refusal("noend.png", good.substr(0, good.size() - 12), &file));
-    EXPECT_EQ("src/File/OrvPNGImageFile", file);
+    const std::string plte = PngChunk("PLTE", "abcdef");
+    const std::string good = Png(1, 1, 8, 3, plte + PngChunk("IDAT", "xyz"));
+    EXPECT_EQ(kCorrupted, PngRefusal("noend.png", good.substr(0, good.size() - 12)));
     // The IDAT length points past the end.
-    EXPECT_EQ(kCorrupted, Refusal("long.png", Png(1, 1, 8, 3, plte + Be32(1000) + "IDATxyz")));
-    EXPECT_EQ(kCorrupted, Refusal("huge.png", Png(1, 1, 8, 3, plte + Be32(0xFFFFFFFF) + "IDATxyz")));
-    EXPECT_EQ(kCorrupted, Refusal("plte.png", kSignature + Chunk("IHDR", std::string(8, '\1') + "\x08\x03\0\0\0") +
-                                                  Be32(50) + "PLTEabc"));
+    EXPECT_EQ(kCorrupted, PngRefusal("long.png", Png(1, 1, 8, 3, plte + Be32(1000) + "IDATxyz")));
+    EXPECT_EQ(kCorrupted, PngRefusal("huge.png", Png(1, 1, 8, 3, plte + Be32(0xFFFFFFFF) + "IDATxyz")));
+    EXPECT_EQ(kCorrupted, PngRefusal("plte.png", kPngSignature + PngChunk("IHDR", std::string(8, '\1') + "\x08\x03") +
+                                                     Be32(50) + "PLTEabc"));
 
     // Every cut of a palette image is refused; short ones name the file.
     for (size_t cut = 0; cut < good.size(); ++cut)
     {
-        const std::string message = Refusal("cut.png", good.substr(0, cut));
+        const std::string message = PngRefusal("cut.png", good.substr(0, cut));
         if (cut < 33)
             EXPECT_NE(std::string::npos, message.find("cut.png")) << "cut at " << cut << ": " << message;
         else

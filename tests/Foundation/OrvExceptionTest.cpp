@@ -7,11 +7,9 @@
 #include "OrvAnimationFileCurruptedException.h"
 #include "OrvFileException.h"
 
-TEST(OrvException, DisplayNamesAndDefaults)
+TEST(OrvException, NamesCopiesAndTheThrowMacro)
 {
     const OrvArrayException blank;
-    EXPECT_STREQ("", blank.message);
-    EXPECT_STREQ("", blank.file);
     EXPECT_EQ(-1, blank.line);
     EXPECT_STREQ("Orv Exception", blank.name);
 
@@ -26,10 +24,8 @@ TEST(OrvException, DisplayNamesAndDefaults)
     EXPECT_STREQ("src/File/OrvFile", copy.file);
     EXPECT_STREQ("Orv File Exception", copy.name);
     EXPECT_EQ(12, copy.line);
-}
 
-TEST(OrvException, ThrowMacroCarriesTheRealLineAndIsCaughtAsTheBase)
-{
+    // The macro carries the real line; the exception is caught as the base.
     int expectedLine = 0;
     try
     {

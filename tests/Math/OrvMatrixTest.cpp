@@ -2,17 +2,19 @@
 
 #include <cmath>
 #include <initializer_list>
+#include <string>
 
-#include "OrvInvalidMatrixException.h"
 #include "OrvMatrix.h"
+#include "OrvTestBytes.h"
 #include "OrvVector3D.h"
 
 namespace
 {
-const char* const kAddMessage = "Both matrices must be the same size to add them together. Think straight man !";
-const char* const kMultiplyMessage =
-    "To multiply matrices A and B, A must have the same number of columns that B has rows. But you knew that "
-    "didn't you ?";
+const std::string kAddError = "Orv Invalid Matrix Exception | Both matrices must be the same size to add them "
+                              "together. Think straight man ! | src/Math/OrvMatrix";
+const std::string kMultiplyError =
+    "Orv Invalid Matrix Exception | To multiply matrices A and B, A must have the same number of columns that B "
+    "has rows. But you knew that didn't you ? | src/Math/OrvMatrix";
 
 // Builds a matrix from its values written row after row.
 OrvMatrix Make(int rows, int columns, std::initializer_list<float> rowMajor)
@@ -26,33 +28,16 @@ OrvMatrix Make(int rows, int columns, std::initializer_list<float> rowMajor)
     }
     return m;
 }
-
-template <class Operation>
-void ExpectMatrixError(const char* message, Operation operation)
-{
-    try
-    {
-        operation();
-        ADD_FAILURE() << "expected OrvInvalidMatrixException";
-    }
-    catch (const OrvInvalidMatrixException& e)
-    {
-        EXPECT_STREQ(message, e.message);
-        EXPECT_STREQ("src/Math/OrvMatrix", e.file);
-    }
-}
 }
 
 TEST(OrvMatrix, ColumnMajorStorageCopyAndAssignment)
 {
     const OrvMatrix blank;
     EXPECT_EQ(OrvMatrix(4, 4), blank);
-    EXPECT_EQ(0.0f, blank.GetValues()[15]);
 
     const OrvMatrix wide = Make(2, 3, {1, 2, 3, 4, 5, 6});
     EXPECT_EQ(4.0f, wide.GetValues()[1]);
     EXPECT_EQ(5.0f, wide.GetValues()[3]);
-    EXPECT_EQ(2.0f, Make(2, 2, {1, 2, 3, 4}).GetValues()[2]);
 
     const OrvMatrix tall = Make(3, 2, {1, 5, 4, 3, 2, 6}); // same array, other shape
     EXPECT_NE(wide, tall);
@@ -91,11 +76,11 @@ TEST(OrvMatrix, ScalingAdditionAndProduct)
     EXPECT_EQ(Make(4, 1, {6, 8, 10, 1}), m * column);
 
     OrvMatrix left(a);
-    ExpectMatrixError(kAddMessage, [&] { left += b; });
-    ExpectMatrixError(kAddMessage, [&] { (void)(a + b); });
+    EXPECT_EQ(kAddError, Thrown([&] { left += b; }).Full());
+    EXPECT_EQ(kAddError, Thrown([&] { (void)(a + b); }).Full());
     EXPECT_EQ(a, left);
-    ExpectMatrixError(kMultiplyMessage, [&] { (void)(column * m); });
-    ExpectMatrixError(kMultiplyMessage, [&] { (void)(a * a); });
+    EXPECT_EQ(kMultiplyError, Thrown([&] { (void)(column * m); }).Full());
+    EXPECT_EQ(kMultiplyError, Thrown([&] { (void)(a * a); }).Full());
 }
 
 TEST(OrvMatrix, Inverse)
@@ -153,5 +138,5 @@ TEST(OrvMatrix, TransformBuildersPreMultiply)
     EXPECT_EQ(Make(4, 4, {c, -s, 0, 0, s, c, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}) * m, rotated);
 
     OrvMatrix wrong(3, 3);
-    ExpectMatrixError(kMultiplyMessage, [&] { wrong.Rotate(10.0f); });
+    EXPECT_EQ(kMultiplyError, Thrown([&] { wrong.Rotate(10.0f); }).Full());
 }

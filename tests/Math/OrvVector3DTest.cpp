@@ -2,30 +2,31 @@
 
 #include <cmath>
 
-#include "OrvException.h"
 #include "OrvMatrix.h"
+#include "OrvTestBytes.h"
 #include "OrvVector3D.h"
 
-TEST(OrvVector3D, ArithmeticCrossAndExactComparison)
+TEST(OrvVector3D, ArithmeticCrossComparisonAndText)
 {
     const OrvVector3D a(1.0f, 2.0f, 3.0f);
     const OrvVector3D b(4.0f, -5.0f, 6.0f);
-    EXPECT_EQ(a, OrvVector3D(OrvVector2D(1.0f, 2.0f), 3.0f));
-    EXPECT_EQ(OrvVector2D(1.0f, 2.0f), a.GetVector2D());
     EXPECT_EQ(OrvVector3D(5.0f, -3.0f, 9.0f), a + b);
     EXPECT_EQ(OrvVector3D(-3.0f, 7.0f, -3.0f), a - b);
     EXPECT_EQ(OrvVector3D(2.0f, -2.5f, 3.0f), b / 2.0f);
     EXPECT_FLOAT_EQ(12.0f, a.Dot(b));
     EXPECT_EQ(OrvVector3D(27.0f, 6.0f, -13.0f), a.Cross(b));
-    EXPECT_EQ(OrvVector3D(0.0f, 0.0f, -1.0f), OrvVector3D(0.0f, 1.0f, 0.0f).Cross(OrvVector3D(1.0f, 0.0f, 0.0f)));
 
     EXPECT_EQ(OrvVector3D(0.0f, 1.0f, 2.0f), OrvVector3D(-0.0f, 1.0f, 2.0f));
     EXPECT_NE(a, OrvVector3D(1.0f, 2.0f, 3.0000002f));
     const OrvVector3D nan(0.0f, 0.0f, std::nanf(""));
     EXPECT_TRUE(nan != nan);
+
+    EXPECT_EQ("Vector3D(1, 2, 3)", OrvVector3D(1.0f, 2.0f, 3.0f).ToString());
+    EXPECT_EQ("Vector3D(0.5, 1e-07, 1.23457e+08)", OrvVector3D(0.5f, 1e-07f, 123456789.0f).ToString());
+    EXPECT_TRUE(OrvVector3D(1.0f, 2.0f, 3.0f).ToUnicode() == "X : 1.000000, Y : 2.000000, Z : 3.000000");
 }
 
-TEST(OrvVector3D, NormalizeAndTruncate)
+TEST(OrvVector3D, NormalizeTruncateRoundMinMaxAndNegate)
 {
     const OrvVector3D v(2.0f, 3.0f, 6.0f);
     EXPECT_FLOAT_EQ(7.0f, v.Length());
@@ -40,10 +41,7 @@ TEST(OrvVector3D, NormalizeAndTruncate)
     OrvVector3D longer(6.0f, 8.0f, 0.0f);
     longer.Truncate(5.0f);
     EXPECT_EQ(OrvVector3D(3.0f, 4.0f, 0.0f), longer);
-}
 
-TEST(OrvVector3D, RoundingMinMaxAndNegate)
-{
     OrvVector3D r(2.5f, -2.5f, 2.51f);
     r.Round();
     EXPECT_EQ(OrvVector3D(2.0f, -3.0f, 3.0f), r);
@@ -66,16 +64,8 @@ TEST(OrvVector3D, RoundingMinMaxAndNegate)
     EXPECT_TRUE(std::signbit(n.Z));
 }
 
-TEST(OrvVector3D, TextForms)
-{
-    EXPECT_EQ("Vector3D(1, 2, 3)", OrvVector3D(1.0f, 2.0f, 3.0f).ToString());
-    EXPECT_EQ("Vector3D(0.5, 1e-07, 1.23457e+08)", OrvVector3D(0.5f, 1e-07f, 123456789.0f).ToString());
-    EXPECT_TRUE(OrvVector3D(1.0f, 2.0f, 3.0f).ToUnicode() == "X : 1.000000, Y : 2.000000, Z : 3.000000");
-}
-
 TEST(OrvVector3D, HomogeneousColumnAndTransform)
 {
-    EXPECT_EQ(1.0f, OrvVector3D(1.0f, 2.0f, 3.0f).GetHomogeneous(true).Get(4, 1));
     EXPECT_EQ(0.0f, OrvVector3D(1.0f, 2.0f, 3.0f).GetHomogeneous(false).Get(4, 1));
 
     // Translation moves points, not directions; w is never divided by.
@@ -90,15 +80,7 @@ TEST(OrvVector3D, HomogeneousColumnAndTransform)
     d.Transform(m, false);
     EXPECT_EQ(OrvVector3D(2.0f, 4.0f, 6.0f), d);
 
-    try
-    {
-        d.Transform(OrvMatrix(4, 1), true);
-        ADD_FAILURE() << "a 4x1 matrix must be refused";
-    }
-    catch (const OrvException& e)
-    {
-        EXPECT_STREQ("You tried to transform a ray with an invalid matrix", e.message);
-        EXPECT_STREQ("src/Math/OrvVector3D", e.file);
-    }
+    EXPECT_EQ("Orv Exception | You tried to transform a ray with an invalid matrix | src/Math/OrvVector3D",
+              Thrown([&] { d.Transform(OrvMatrix(4, 1), true); }).Full());
     EXPECT_EQ(OrvVector3D(2.0f, 4.0f, 6.0f), d);
 }

@@ -3,13 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <unistd.h>
-#include <vector>
 
 // A fresh temporary directory that becomes the working directory for the life
 // of the object; the previous working directory comes back and the directory
@@ -37,8 +35,6 @@ public:
         if (std::system(command.c_str()) != 0)
             ADD_FAILURE() << "cannot remove " << m_path;
     }
-
-    const std::string& Path() const { return m_path; }
 
     // Writes bytes to a path relative to the directory, creating parent folders.
     static void Write(const std::string& name, const std::string& bytes)

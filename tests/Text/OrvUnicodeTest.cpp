@@ -20,7 +20,7 @@ const unsigned char* Bytes(const char* s)
 }
 } // namespace
 
-TEST(OrvUnicode, EmptyStatesAndSignedWidening)
+TEST(OrvUnicode, EmptyStatesWideningCopyAndConcatenation)
 {
     OrvUnicode text(""), cleared("abc"), kept("keep");
     cleared.Clear();
@@ -38,10 +38,7 @@ TEST(OrvUnicode, EmptyStatesAndSignedWidening)
     EXPECT_EQ((std::u16string{u'a', 0xFFE9, 0}), Units(wide));
     EXPECT_TRUE(wide == "a\xE9");
     EXPECT_FALSE(wide == "a\x69");
-}
 
-TEST(OrvUnicode, CopyAndConcatenation)
-{
     OrvUnicode raw("ab");
     raw.SetSize(2); // drops the terminator
     EXPECT_EQ((std::u16string{u'a', u'b', 0}), Units(OrvUnicode(raw)));
@@ -157,7 +154,7 @@ TEST(OrvUnicode, WNPrintfFormatsIntoBoundedUnits)
     EXPECT_EQ(nullptr, s.WNPrintf(0, OrvUnicode("x")));
 }
 
-TEST(OrvUTF8, LeadClassesDecodingAndSignatures)
+TEST(OrvUTF8, LeadClassesDecodingSignaturesAndCodePage)
 {
     EXPECT_EQ(1, UTF8_GetCodeLen('\x8F'));
     EXPECT_EQ(-1, UTF8_GetCodeLen('\x90'));
@@ -176,6 +173,12 @@ TEST(OrvUTF8, LeadClassesDecodingAndSignatures)
     EXPECT_EQ(-1, GetBOM(Bytes("\xEF\xBB\xBE"), length));
     EXPECT_EQ(-1, GetBOM(Bytes("\x95"), length));
     EXPECT_EQ(0xFFFFFFFFu, length);
+
+    EXPECT_TRUE(InitDefCodePage());
+    EXPECT_EQ(255, g_def_code_page[31]);
+    EXPECT_EQ(1, g_def_code_page[32]);
+    EXPECT_EQ(95, g_def_code_page[126]);
+    EXPECT_EQ(224, g_def_code_page[255]);
 }
 
 TEST(OrvUTF8, SetFromUTF8DecodesAndSkipsErrors)
@@ -204,13 +207,4 @@ TEST(OrvUTF8, SetFromUTF8DecodesAndSkipsErrors)
     EXPECT_FALSE(kept.SetFromUTF8(nullptr, 3));
     EXPECT_FALSE(kept.SetFromUTF8("\xFF\xFE\x00\x00" "A", 5));
     EXPECT_TRUE(kept == "kept");
-}
-
-TEST(OrvUTF8, DefaultCodePage)
-{
-    EXPECT_TRUE(InitDefCodePage());
-    EXPECT_EQ(255, g_def_code_page[31]);
-    EXPECT_EQ(1, g_def_code_page[32]);
-    EXPECT_EQ(95, g_def_code_page[126]);
-    EXPECT_EQ(224, g_def_code_page[255]);
 }
