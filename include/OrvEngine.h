@@ -42,6 +42,7 @@
 #include "OrvRenderWindow.h"
 #include "OrvRendererException.h"
 #include "OrvSDLRenderWindow.h"
+#include "OrvShaderRuntime.h"
 #include "OrvSingletonException.h"
 #include "OrvSoundException.h"
 #include "OrvSoundFile.h"
