@@ -18,9 +18,6 @@ public:
     OrvImageFile();
     ~OrvImageFile() override;
 
-    void Create(OrvFileManager* manager, unsigned int id) override;
-    void Load(const OrvUnicode& name, const OrvUnicode& path) override;
-    void Save(const OrvUnicode& name, SAVE_OPTION option) override;
     // Sizes the data buffer for the current width, height and pixel size.
     virtual void ResetImageData() = 0;
 

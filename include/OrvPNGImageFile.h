@@ -15,10 +15,8 @@ public:
     OrvPNGImageFile& operator=(const OrvPNGImageFile& other);
     ~OrvPNGImageFile() override;
 
-    void Create(OrvFileManager* manager, unsigned int id) override;
     void Load(const OrvUnicode& name, const OrvUnicode& path) override;
     // Opens the file for writing only.
-    void Save(const OrvUnicode& name, SAVE_OPTION option) override;
 
     // Bit-depth checks by colour type; each is given the whole file, GetSize()
     // bytes. DecodeColorType3 also walks the chunks for the palette.

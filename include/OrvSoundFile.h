@@ -12,9 +12,6 @@ public:
     OrvSoundFile();
     ~OrvSoundFile() override;
 
-    void Create(OrvFileManager* manager, unsigned int id) override;
-    void Load(const OrvUnicode& name, const OrvUnicode& path) override;
-    void Save(const OrvUnicode& name, SAVE_OPTION option) override;
 
     unsigned int GetChannelCount() const { return m_channelCount; }
     unsigned int GetFrequency() const { return m_frequency; }

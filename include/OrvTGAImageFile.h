@@ -11,7 +11,6 @@ public:
     OrvTGAImageFile();
     ~OrvTGAImageFile() override;
 
-    void Create(OrvFileManager* manager, unsigned int id) override;
     void Load(const OrvUnicode& name, const OrvUnicode& path) override;
     // Opens the file for writing only; the image is written by Save(const char*, ...).
     using OrvImageFile::Save;

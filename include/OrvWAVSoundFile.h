@@ -11,10 +11,8 @@ public:
     OrvWAVSoundFile();
     ~OrvWAVSoundFile() override;
 
-    void Create(OrvFileManager* manager, unsigned int id) override;
     void Load(const OrvUnicode& name, const OrvUnicode& path) override;
     // Opens the file for writing only.
-    void Save(const OrvUnicode& name, SAVE_OPTION option) override;
 };
 
 #endif

@@ -6,21 +6,6 @@ OrvImageFile::OrvImageFile() : m_width(0), m_height(0), m_pixelFormat(PIXEL_RGB)
 
 OrvImageFile::~OrvImageFile() = default;
 
-void OrvImageFile::Create(OrvFileManager* manager, unsigned int id)
-{
-    OrvFile::Create(manager, id);
-}
-
-void OrvImageFile::Load(const OrvUnicode& name, const OrvUnicode& path)
-{
-    OrvFile::Load(name, path);
-}
-
-void OrvImageFile::Save(const OrvUnicode& name, SAVE_OPTION option)
-{
-    OrvFile::Save(name, option);
-}
-
 unsigned char* OrvImageFile::AllocateImageData(unsigned long bytes)
 {
     unsigned char* data = AllocateData(bytes);

@@ -87,16 +87,6 @@ void OrvPNGImageFile::CopyPalette(const OrvPNGImageFile& other)
     std::memcpy(m_palette, other.m_palette, m_paletteValueCount * sizeof(unsigned int));
 }
 
-void OrvPNGImageFile::Create(OrvFileManager* manager, unsigned int id)
-{
-    OrvImageFile::Create(manager, id);
-}
-
-void OrvPNGImageFile::Save(const OrvUnicode& name, SAVE_OPTION option)
-{
-    OrvImageFile::Save(name, option);
-}
-
 void OrvPNGImageFile::Load(const OrvUnicode& name, const OrvUnicode& path)
 {
     OrvImageFile::Load(name, path);

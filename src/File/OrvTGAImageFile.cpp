@@ -48,11 +48,6 @@ OrvTGAImageFile::OrvTGAImageFile()
 
 OrvTGAImageFile::~OrvTGAImageFile() = default;
 
-void OrvTGAImageFile::Create(OrvFileManager* manager, unsigned int id)
-{
-    OrvImageFile::Create(manager, id);
-}
-
 void OrvTGAImageFile::Load(const OrvUnicode& name, const OrvUnicode& path)
 {
     OrvImageFile::Load(name, path);

@@ -27,16 +27,6 @@ OrvWAVSoundFile::OrvWAVSoundFile()
 
 OrvWAVSoundFile::~OrvWAVSoundFile() = default;
 
-void OrvWAVSoundFile::Create(OrvFileManager* manager, unsigned int id)
-{
-    OrvSoundFile::Create(manager, id);
-}
-
-void OrvWAVSoundFile::Save(const OrvUnicode& name, SAVE_OPTION option)
-{
-    OrvSoundFile::Save(name, option);
-}
-
 void OrvWAVSoundFile::Load(const OrvUnicode& name, const OrvUnicode& path)
 {
     OrvSoundFile::Load(name, path);

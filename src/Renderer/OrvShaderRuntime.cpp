@@ -961,62 +961,49 @@ CGtype cgGetParameterType(CGparameter handle)
     return parameter->type;
 }
 
-void cgSetParameter1f(CGparameter handle, float value)
+namespace
+{
+// Stores a value through `write` into a parameter of the expected kind, then
+// uploads it when its pair draws. `values` must not be null.
+template <class Write>
+void SetValue(CGparameter handle, ValueKind kind, const char* operation, const void* values, Write write)
 {
     int slot = -1;
     int index = -1;
-    Parameter* parameter = Writable(handle, kValueFloat1, "cgSetParameter1f", slot, index);
-    if (parameter == nullptr)
-        return;
-    parameter->value.floats[0] = value;
-    parameter->serial = ++g.serialCounter;
-    Apply(slot, index);
-}
-
-void cgSetParameter4fv(CGparameter handle, const float* values)
-{
-    int slot = -1;
-    int index = -1;
-    Parameter* parameter = Writable(handle, kValueFloat4, "cgSetParameter4fv", slot, index);
+    Parameter* parameter = Writable(handle, kind, operation, slot, index);
     if (parameter == nullptr)
         return;
     if (values == nullptr)
     {
-        Raise(CG_INVALID_PARAMETER_ERROR, "cgSetParameter4fv: no values");
+        Raise(CG_INVALID_PARAMETER_ERROR, std::string(operation) + ": no values");
         return;
     }
-    std::memcpy(parameter->value.floats, values, 4 * sizeof(float));
+    write(parameter->value);
     parameter->serial = ++g.serialCounter;
     Apply(slot, index);
+}
+}
+
+void cgSetParameter1f(CGparameter handle, float value)
+{
+    SetValue(handle, kValueFloat1, "cgSetParameter1f", &value, [value](auto& v) { v.floats[0] = value; });
+}
+
+void cgSetParameter4fv(CGparameter handle, const float* values)
+{
+    SetValue(handle, kValueFloat4, "cgSetParameter4fv", values,
+             [values](auto& v) { std::memcpy(v.floats, values, 4 * sizeof(float)); });
 }
 
 void cgSetParameter1i(CGparameter handle, int value)
 {
-    int slot = -1;
-    int index = -1;
-    Parameter* parameter = Writable(handle, kValueInt1, "cgSetParameter1i", slot, index);
-    if (parameter == nullptr)
-        return;
-    parameter->value.integer = value;
-    parameter->serial = ++g.serialCounter;
-    Apply(slot, index);
+    SetValue(handle, kValueInt1, "cgSetParameter1i", &value, [value](auto& v) { v.integer = value; });
 }
 
 void cgSetMatrixParameterfc(CGparameter handle, const float* columnMajor)
 {
-    int slot = -1;
-    int index = -1;
-    Parameter* parameter = Writable(handle, kValueMatrix4, "cgSetMatrixParameterfc", slot, index);
-    if (parameter == nullptr)
-        return;
-    if (columnMajor == nullptr)
-    {
-        Raise(CG_INVALID_PARAMETER_ERROR, "cgSetMatrixParameterfc: no values");
-        return;
-    }
-    std::memcpy(parameter->value.floats, columnMajor, 16 * sizeof(float));
-    parameter->serial = ++g.serialCounter;
-    Apply(slot, index);
+    SetValue(handle, kValueMatrix4, "cgSetMatrixParameterfc", columnMajor,
+             [columnMajor](auto& v) { std::memcpy(v.floats, columnMajor, 16 * sizeof(float)); });
 }
 
 // ---------------------------------------------------------------- statistics
