@@ -6,6 +6,10 @@
 
 class OrvCursor;
 class OrvFileManager;
+class OrvMaterialShelf;
+class OrvRenderWindow;
+class OrvRenderer;
+class OrvTextureManager;
 class OrvTimerManager;
 
 // Root object of a game. A game derives from it, implements the four hooks,
@@ -51,8 +55,21 @@ public:
     float GetLoadingPercent() const { return m_loadingPercent; }
     bool IsRunning() const { return m_running; }
 
+    OrvRenderer* GetRenderer() const { return m_renderer; }
     OrvFileManager* GetFileManager() const { return m_fileManager; }
+    OrvTextureManager* GetTextureManager() const { return m_textureManager; }
     OrvTimerManager* GetTimerManager() const { return m_timerManager; }
+    OrvMaterialShelf* GetMaterialShelf() const { return m_materialShelf; }
+    OrvRenderWindow* GetMainWindow() const { return m_window; }
+
+    // Switches the window to or from full screen; the renderer is set up
+    // again, the effects declared anew and the textures reloaded, for the GL
+    // context was replaced. Nothing happens when the window is already so.
+    void SetFullScreen(bool fullScreen);
+    // The window's own flag; false without a window.
+    bool GetFullScreen() const;
+    // Waits until OpenGL has finished every command.
+    void SyncWithGL();
 
     // The screen box is the part of the plane z = 0 that the world camera sees;
     // false while the camera or the box is missing.
@@ -67,8 +84,12 @@ public:
 private:
     void ReportFocusChanges();
 
+    OrvRenderer* m_renderer;
     OrvFileManager* m_fileManager;
+    OrvTextureManager* m_textureManager;
     OrvTimerManager* m_timerManager;
+    OrvMaterialShelf* m_materialShelf;
+    OrvRenderWindow* m_window;
     bool m_running;
     bool m_loading;
     float m_loadingPercent;

@@ -1,8 +1,14 @@
 #include "OrvApplication.h"
 
+#include <GL/gl.h>
 #include <SDL.h>
 
+#include "OrvEffectManager.h"
 #include "OrvFileManager.h"
+#include "OrvMaterialShelf.h"
+#include "OrvOpenGLRenderer.h"
+#include "OrvSDLRenderWindow.h"
+#include "OrvTextureManager.h"
 #include "OrvTime.h"
 #include "OrvTimerManager.h"
 #include "OrvXMLElement.h"
@@ -19,8 +25,12 @@ void DeleteAndNull(T*& object)
 }
 
 OrvApplication::OrvApplication()
-    : m_fileManager(nullptr),
+    : m_renderer(nullptr),
+      m_fileManager(nullptr),
+      m_textureManager(nullptr),
       m_timerManager(nullptr),
+      m_materialShelf(nullptr),
+      m_window(nullptr),
       m_running(false),
       m_loading(false),
       m_loadingPercent(0.0f),
@@ -36,7 +46,11 @@ OrvApplication::~OrvApplication()
     // material shelf, textures, HUD camera, world camera, the roots through the
     // game asset manager, the manager itself, renderer, files, window.
     DeleteAndNull(m_timerManager);
+    DeleteAndNull(m_materialShelf);
+    DeleteAndNull(m_textureManager);
+    DeleteAndNull(m_renderer);
     DeleteAndNull(m_fileManager);
+    DeleteAndNull(m_window);
     m_cursors.RemoveAll();
 }
 
@@ -72,24 +86,34 @@ void OrvApplication::Run()
         if (!(span > minimumSpan))
             continue;
         Update(span.Get());
-        // Renderer PreRender.
+        m_renderer->PreRender();
         RenderWorld();
         RenderHUD();
-        // Window SwapBuffers, renderer PostRender, sound manager Update.
+        m_window->SwapBuffers();
+        m_renderer->PostRender();
+        // Sound manager Update.
         last = now;
-        // Game asset manager CleanUp, texture manager CleanUp.
+        // Game asset manager CleanUp.
+        m_textureManager->CleanUp();
     }
     Term();
 }
 
-void OrvApplication::Initialise(unsigned int /*width*/, unsigned int /*height*/)
+void OrvApplication::Initialise(unsigned int width, unsigned int height)
 {
-    // Window (full screen).
+    m_window = new OrvSDLRenderWindow();
+    m_window->Create("The Tarnwick", width, height, true);
     m_fileManager = new OrvFileManager();
     LoadMediaPaths();
-    // Then: renderer Setup, game asset manager, the three roots, the two cameras,
-    // texture manager, material shelf, message manager, input manager with this
-    // application as first listener, sprite manager, then:
+    m_renderer = new OrvOpenGLRenderer(this);
+    // The window knows the size it really took (the desktop's for 0xFFFFFFFF).
+    m_renderer->Setup(0, 0, m_window->GetWidth(), m_window->GetHeight());
+    // Game asset manager, the three roots, the two cameras.
+    m_textureManager = new OrvTextureManager(m_renderer);
+    m_materialShelf = new OrvMaterialShelf();
+    m_materialShelf->Init(m_renderer);
+    // Message manager, input manager with this application as first listener,
+    // sprite manager.
     m_timerManager = new OrvTimerManager();
     // Sound manager.
     OnInitialise();
@@ -105,14 +129,20 @@ void OrvApplication::Term()
     OnTerminate();
     // Sound manager.
     DeleteAndNull(m_timerManager);
-    // Sprite manager, input manager, message manager, texture manager, HUD
-    // camera, world camera, the three roots, renderer.
+    // Sprite manager, input manager, message manager.
+    if (m_textureManager != nullptr)
+    {
+        m_textureManager->CleanUp();
+        DeleteAndNull(m_textureManager);
+    }
+    // HUD camera, world camera, the three roots.
+    DeleteAndNull(m_renderer);
     if (m_fileManager != nullptr)
     {
         m_fileManager->DeleteAllFiles();
         DeleteAndNull(m_fileManager);
     }
-    // Window.
+    DeleteAndNull(m_window);
 }
 
 void OrvApplication::Update(float seconds)
@@ -128,14 +158,18 @@ void OrvApplication::RenderWorld()
 {
     // Deferred deletions, world camera perspective.
     OnRenderWorld();
-    // World tree, debug tree, model stack back to identity.
+    // World tree, debug tree.
+    if (m_renderer != nullptr)
+        m_renderer->LoadIdentityMatrix(TRANS_MATRIX_MODEL);
 }
 
 void OrvApplication::RenderHUD()
 {
     // Deferred deletions, HUD camera orthographic, HUD root at the viewport centre.
     OnRenderHUD();
-    // HUD tree, cursors on top, model stack back to identity.
+    // HUD tree, cursors on top.
+    if (m_renderer != nullptr)
+        m_renderer->LoadIdentityMatrix(TRANS_MATRIX_MODEL);
 }
 
 void OrvApplication::LoadMediaPaths()
@@ -208,4 +242,30 @@ OrvCursor* OrvApplication::GetCursor(unsigned int index) const
 unsigned int OrvApplication::GetCursorCount() const
 {
     return m_cursors.GetCount();
+}
+
+void OrvApplication::SetFullScreen(bool fullScreen)
+{
+    if (m_window == nullptr || m_window->GetFullScreen() == fullScreen)
+        return;
+    m_window->ToggleFullScreen();
+    if (m_renderer != nullptr)
+    {
+        m_renderer->Setup(m_renderer->GetViewportOriginX(), m_renderer->GetViewportOriginY(),
+                          m_renderer->GetViewportWidth(), m_renderer->GetViewportHeight());
+        if (m_renderer->GetEffectManager() != nullptr)
+            m_renderer->GetEffectManager()->RedeclareEffects();
+    }
+    if (m_textureManager != nullptr)
+        m_textureManager->ReloadTextures();
+}
+
+bool OrvApplication::GetFullScreen() const
+{
+    return m_window != nullptr && m_window->GetFullScreen();
+}
+
+void OrvApplication::SyncWithGL()
+{
+    glFinish();
 }

@@ -1,0 +1,47 @@
+#ifndef ORV_MATERIAL_H
+#define ORV_MATERIAL_H
+
+#include "OrvTArray.h"
+
+class OrvColor;
+class OrvPass;
+class OrvRenderer;
+
+// How geometry is drawn: one or more passes (owned), each activated in turn
+// after the material has handed its own values to it. Materials are not
+// copied.
+class OrvMaterial
+{
+public:
+    explicit OrvMaterial(OrvRenderer* renderer);
+    OrvMaterial(const OrvMaterial&) = delete;
+    OrvMaterial& operator=(const OrvMaterial&) = delete;
+    // Deletes every pass.
+    virtual ~OrvMaterial();
+
+    // Hands the material's values to pass `pass`; nothing in this base.
+    virtual void SetPassParameters(unsigned int pass);
+
+    // The material takes ownership.
+    void AddPass(OrvPass* pass);
+    // Null for an index past the end.
+    OrvPass* GetPass(unsigned int index) const { return m_passes[index]; }
+    unsigned int GetPassCount() const { return m_passes.GetSize(); }
+    void DeleteAllPasses();
+    // SetPassParameters(pass), then that pass's Activate().
+    void ActivatePass(unsigned int pass);
+
+    OrvRenderer* GetRenderer() const { return m_renderer; }
+
+protected:
+    // Adds a pass drawing with `shaderFile` (both programs), blended by the
+    // source alpha.
+    void AddAlphaBlendedPass(OrvRenderer* renderer, const char* shaderFile);
+    // Hands `color` to pass 0 as "in_f4Color" (red, green, blue, alpha).
+    void SetColorOnFirstPass(const OrvColor& color);
+
+    OrvTArray<OrvPass> m_passes;
+    OrvRenderer* m_renderer;
+};
+
+#endif

@@ -1,0 +1,54 @@
+#ifndef ORV_MATERIAL_SHELF_H
+#define ORV_MATERIAL_SHELF_H
+
+#include "OrvMaterial.h"
+#include "OrvRendererException.h"
+#include "OrvTArray.h"
+
+class OrvRenderer;
+
+// Makes materials for the game's objects and destroys those it made. Its
+// destructor releases its list only: a material handed to a mesh belongs to
+// that mesh from then on.
+class OrvMaterialShelf
+{
+public:
+    OrvMaterialShelf();
+    OrvMaterialShelf(const OrvMaterialShelf&) = delete;
+    OrvMaterialShelf& operator=(const OrvMaterialShelf&) = delete;
+    virtual ~OrvMaterialShelf();
+
+    void Init(OrvRenderer* renderer);
+    OrvRenderer* GetRenderer() const { return m_renderer; }
+    unsigned int GetMaterialCount() const { return m_materials.GetSize(); }
+
+    // A new T(renderer), listed on the shelf. Throws OrvRendererException
+    // before Init.
+    template <class T>
+    T* CreateMaterial()
+    {
+        if (m_renderer == nullptr)
+            ORV_THROW(OrvRendererException, "Renderer is null, can't use material shelf (try calling Init method)",
+                      "include/OrvMaterialShelf");
+        T* material = new T(m_renderer);
+        m_materials.Add(material, false);
+        return material;
+    }
+
+    // Deletes a material the shelf made and nulls the caller's pointer; any
+    // other pointer is left alone.
+    template <class T>
+    void DestroyMaterial(T*& material)
+    {
+        if (material == nullptr || m_materials.Remove(static_cast<OrvMaterial*>(material)) == nullptr)
+            return;
+        delete material;
+        material = nullptr;
+    }
+
+private:
+    OrvTArray<OrvMaterial> m_materials;
+    OrvRenderer* m_renderer;
+};
+
+#endif

@@ -1,0 +1,82 @@
+#include "OrvTextureManager.h"
+
+#include "OrvApplication.h"
+#include "OrvFileManager.h"
+#include "OrvOpenGLTexture.h"
+#include "OrvRenderer.h"
+#include "OrvTGAImageFile.h"
+#include "OrvTextureException.h"
+
+namespace
+{
+const char* const kSource = "src/Renderer/OrvTextureManager";
+}
+
+OrvTextureManager::OrvTextureManager(OrvRenderer* renderer) : m_renderer(renderer), m_nextID(1) {}
+
+OrvTextureManager::~OrvTextureManager()
+{
+    m_textures.DeleteAll();
+}
+
+OrvTexture* OrvTextureManager::CreateRightType()
+{
+    if (m_renderer == nullptr || m_renderer->GetRendererType() != 0)
+        ORV_THROW(OrvTextureException, "You tried to create a texture but no render type is set", kSource);
+    return new OrvOpenGLTexture();
+}
+
+OrvTexture* OrvTextureManager::CreateTexture()
+{
+    OrvTexture* texture = CreateRightType();
+    texture->Create(m_nextID++, this);
+    m_textures.Add(texture, false);
+    return texture;
+}
+
+void OrvTextureManager::CleanUp()
+{
+    unsigned int i = 0;
+    while (i < m_textures.GetSize())
+    {
+        if (m_textures[i]->IsInUse())
+            ++i;
+        else
+            m_textures.Delete(static_cast<unsigned long>(i));
+    }
+}
+
+void OrvTextureManager::ReloadTextures()
+{
+    OrvApplication* application = m_renderer != nullptr ? m_renderer->GetApplication() : nullptr;
+    OrvFileManager* files = application != nullptr ? application->GetFileManager() : nullptr;
+    if (files == nullptr)
+        ORV_THROW(OrvTextureException, "You tried to reload textures without a file manager", kSource);
+    for (unsigned int i = 0; i < m_textures.GetSize(); ++i)
+    {
+        OrvTexture* texture = m_textures[i];
+        if (texture->GetImageFileName().Length() == 0)
+            continue;
+        OrvFile* file = files->GetFile(texture->GetImageFileName());
+        OrvImageFile* image = dynamic_cast<OrvImageFile*>(file);
+        if (image == nullptr)
+        {
+            OrvTGAImageFile* tga = new OrvTGAImageFile();
+            tga->Create(files, ++files->LastFileID);
+            files->AddOrvFile(tga);
+            file = tga;
+            image = tga;
+            try
+            {
+                tga->Load(texture->GetImageFileName(), OrvUnicode(""));
+            }
+            catch (...)
+            {
+                files->DeleteOrvFile(tga);
+                throw;
+            }
+        }
+        texture->SetDataFromImage(image);
+        files->DeleteOrvFile(file);
+    }
+}

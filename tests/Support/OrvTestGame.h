@@ -1,0 +1,130 @@
+#ifndef ORV_TEST_GAME_H
+#define ORV_TEST_GAME_H
+
+// A game with empty hooks, started windowed in a scratch folder whose media
+// path list points at the engine's media, and what rendering tests draw and
+// read back with it.
+
+#include <gtest/gtest.h>
+
+#include <GL/gl.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "OrvApplication.h"
+#include "OrvMatrix.h"
+#include "OrvRenderer.h"
+#include "OrvScratchDir.h"
+#include "OrvTGAImageFile.h"
+#include "OrvVertex.h"
+
+class OrvTestGame : public OrvApplication
+{
+public:
+    void OnInitialise() override {}
+    void OnTerminate() override {}
+    void OnRenderWorld() override {}
+    void OnRenderHUD() override {}
+};
+
+// Media paths: the scratch folder itself, then the engine's media.
+struct OrvGameFolder : OrvScratchDir
+{
+    OrvGameFolder()
+    {
+        Write("MediaPaths.xml", std::string("<MediaPaths>\n  <Path>.</Path>\n  <Path>") + ORV_MEDIA_DIR +
+                                    "</Path>\n</MediaPaths>\n");
+        setenv("ORV_WINDOWED", "1", 1);
+    }
+};
+
+// A started game of kSize × kSize pixels with an orthographic projection in
+// pixels (origin at the lower left) and an identity view.
+class OrvGameTest : public ::testing::Test
+{
+protected:
+    static constexpr unsigned int kSize = 64;
+
+    void SetUp() override
+    {
+        game.Initialise(kSize, kSize);
+        renderer = game.GetRenderer();
+        LoadPixelProjection(*renderer, kSize, kSize);
+        renderer->PreRender();
+    }
+    void TearDown() override { game.Term(); }
+
+    static void LoadPixelProjection(OrvRenderer& target, unsigned int width, unsigned int height)
+    {
+        OrvMatrix projection = OrvMatrix::CreateIdentity(4);
+        projection.Set(1, 1, 2.0f / static_cast<float>(width));
+        projection.Set(2, 2, 2.0f / static_cast<float>(height));
+        projection.Set(3, 3, -1.0f);
+        projection.Set(1, 4, -1.0f);
+        projection.Set(2, 4, -1.0f);
+        target.LoadMatrix(TRANS_MATRIX_PROJECTION, projection);
+        target.LoadIdentityMatrix(TRANS_MATRIX_VIEW);
+    }
+
+    // A quad from (x0, y0) to (x1, y1) in pixels, UVs 0..1, through whatever pass is active.
+    void Quad(float x0, float y0, float x1, float y1)
+    {
+        OrvVertex corner;
+        renderer->Begin(RENDER_MODE_QUADS);
+        const float corners[4][4] = {{x0, y0, 0, 0}, {x1, y0, 1, 0}, {x1, y1, 1, 1}, {x0, y1, 0, 1}};
+        for (const auto& c : corners)
+        {
+            corner.SetPosition(OrvVector3D(c[0], c[1], 0.0f));
+            corner.SetUV(OrvVector2D(c[2], c[3]));
+            renderer->Vertex(&corner);
+        }
+        renderer->End();
+    }
+
+    OrvGameFolder folder;
+    OrvTestGame game;
+    OrvRenderer* renderer = nullptr;
+};
+
+// The back buffer's pixel (x, y) as 0xRRGGBB.
+inline unsigned int PixelAt(int x, int y)
+{
+    unsigned char pixel[4] = {0, 0, 0, 0};
+    glReadPixels(x, y, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, pixel);
+    return (static_cast<unsigned int>(pixel[0]) << 16) | (static_cast<unsigned int>(pixel[1]) << 8) | pixel[2];
+}
+
+// Each channel within one step of the expected colour.
+inline ::testing::AssertionResult PixelIs(int x, int y, unsigned int rgb)
+{
+    const unsigned int got = PixelAt(x, y);
+    for (int shift = 0; shift <= 16; shift += 8)
+    {
+        const int a = static_cast<int>((got >> shift) & 0xFF);
+        const int b = static_cast<int>((rgb >> shift) & 0xFF);
+        if (std::abs(a - b) > 1)
+            return ::testing::AssertionFailure() << "pixel " << x << "," << y << " is 0x" << std::hex << got
+                                                 << ", expected 0x" << rgb;
+    }
+    return ::testing::AssertionSuccess();
+}
+
+// A 2 × 2 RGBA image: red, green (bottom row), blue, white (top row), opaque.
+class OrvQuadColoursImage : public OrvTGAImageFile
+{
+public:
+    explicit OrvQuadColoursImage(const char* name = "quad.tga")
+    {
+        m_name = name;
+        SetImagePixelSize(32);
+        SetWidth(2);
+        SetHeight(2);
+        ResetImageData();
+        const unsigned char texels[16] = {255, 0, 0, 255, 0, 255, 0, 255, 0, 0, 255, 255, 255, 255, 255, 255};
+        for (int i = 0; i < 16; ++i)
+            m_data[i] = texels[i];
+    }
+};
+
+#endif
