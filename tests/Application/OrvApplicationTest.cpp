@@ -8,6 +8,15 @@
 #include <vector>
 
 #include "OrvApplication.h"
+#include "OrvColor.h"
+#include "OrvColoredTextureMaterial.h"
+#include "OrvEffect.h"
+#include "OrvMaterialShelf.h"
+#include "OrvPass.h"
+#include "OrvShaderRuntime.h"
+#include "OrvTestGame.h"
+#include "OrvTexture.h"
+#include "OrvTextureManager.h"
 #include "OrvFileException.h"
 #include "OrvFileManager.h"
 #include "OrvTestBytes.h"
@@ -206,4 +215,99 @@ TEST(OrvApplication, StartUpReadsTheMediaPathList)
     OrvScratchDir empty;
     RecordingGame lost;
     EXPECT_THROW(lost.Run(), OrvFileException) << "no media path list, no start";
+}
+
+namespace
+{
+// Checks, at each hook of start-up and shutdown, what exists already.
+class StartUpProbe : public OrvTestGame
+{
+public:
+    std::vector<std::string> seen;
+
+    void LoadMediaPaths() override
+    {
+        seen.push_back(std::string("media paths: window ") + Has(GetMainWindow()) + ", files " +
+                       Has(GetFileManager()) + ", renderer " + Has(GetRenderer()));
+        OrvTestGame::LoadMediaPaths();
+    }
+    void OnInitialise() override
+    {
+        OrvRenderer* renderer = GetRenderer();
+        seen.push_back(std::string("initialise: set up ") + Has(renderer && renderer->GetInitialized()) +
+                       ", viewport " + std::to_string(renderer->GetViewportWidth()) + "x" +
+                       std::to_string(renderer->GetViewportHeight()) + ", textures " +
+                       Has(GetTextureManager()->GetRenderer() == renderer) + ", shelf " +
+                       Has(GetMaterialShelf()->GetRenderer() == renderer));
+    }
+    void Update(float seconds) override
+    {
+        OrvTestGame::Update(seconds);
+        Exit();
+    }
+    void OnTerminate() override
+    {
+        seen.push_back(std::string("terminate: renderer ") + Has(GetRenderer()) + ", window " + Has(GetMainWindow()));
+    }
+
+private:
+    static const char* Has(bool present) { return present ? "yes" : "no"; }
+    static const char* Has(const void* object) { return Has(object != nullptr); }
+};
+}  // namespace
+
+TEST(OrvApplication, RenderingManagersAreMadeAndReleasedInOrder)
+{
+    OrvGameFolder folder;
+    StartUpProbe game;
+    game.Run();
+    const std::vector<std::string> expected = {
+        "media paths: window yes, files yes, renderer no",
+        "initialise: set up yes, viewport 1280x1024, textures yes, shelf yes",
+        "terminate: renderer yes, window yes",
+    };
+    EXPECT_EQ(expected, game.seen) << "the renderer is set up to the size the window took";
+    EXPECT_EQ(nullptr, game.GetRenderer());
+    EXPECT_EQ(nullptr, game.GetMainWindow());
+    EXPECT_EQ(nullptr, game.GetTextureManager());
+    EXPECT_NE(nullptr, game.GetMaterialShelf()) << "the shelf lives until the destructor";
+    EXPECT_EQ(0u, SDL_WasInit(SDL_INIT_VIDEO)) << "the window took SDL down";
+}
+
+TEST(OrvApplication, FullScreenSwitchRebuildsEffectsAndTextures)
+{
+    OrvGameFolder folder;
+    OrvQuadColoursImage::SaveAs("Quad.tga");
+    OrvTestGame game;
+    game.Initialise(64, 64);
+    OrvRenderer* renderer = game.GetRenderer();
+    OrvTexture* texture = game.GetTextureManager()->CreateTexture();
+    texture->AddUser();
+    texture->SetMipMapMethod(MIPMAP_NEAREST);
+    OrvTGAImageFile* image = game.GetFileManager()->GetOrLoad<OrvTGAImageFile>("Quad.tga");
+    texture->SetDataFromImage(image);
+    game.GetFileManager()->DeleteOrvFile(image);
+    OrvColoredTextureMaterial material(renderer, texture, OrvColor(1.0f, 1.0f, 1.0f, 1.0f));
+    const CGprogram before = material.GetPass(0)->GetEffect()->GetVSProgram();
+
+    game.SetFullScreen(false);
+    EXPECT_EQ(before, material.GetPass(0)->GetEffect()->GetVSProgram()) << "already windowed: nothing happens";
+
+    for (bool fullScreen : {true, false})
+    {
+        const unsigned int files = game.GetFileManager()->GetFileCount();
+        game.SetFullScreen(fullScreen);
+        EXPECT_EQ(fullScreen, game.GetFullScreen());
+        EXPECT_NE(before, material.GetPass(0)->GetEffect()->GetVSProgram()) << "programs of the new context";
+        EXPECT_EQ(files, game.GetFileManager()->GetFileCount()) << "the reloaded image is released";
+
+        LoadPixelProjection(*renderer, 64, 64);
+        renderer->PreRender();
+        material.ActivatePass(0);
+        DrawQuad(*renderer, 0, 0, 64, 64);
+        EXPECT_TRUE(PixelIs(16, 16, 0xFF0000)) << "full screen " << fullScreen;
+        EXPECT_TRUE(PixelIs(48, 48, 0xFFFFFF));
+    }
+    texture->RemoveUser();
+    game.Term();
 }

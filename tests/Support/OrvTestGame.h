@@ -13,11 +13,25 @@
 #include <string>
 
 #include "OrvApplication.h"
+#include "OrvFileManager.h"
 #include "OrvMatrix.h"
 #include "OrvRenderer.h"
 #include "OrvScratchDir.h"
 #include "OrvTGAImageFile.h"
 #include "OrvVertex.h"
+
+// An orthographic projection in pixels, origin at the lower left, and an identity view.
+inline void LoadPixelProjection(OrvRenderer& target, unsigned int width, unsigned int height)
+{
+    OrvMatrix projection = OrvMatrix::CreateIdentity(4);
+    projection.Set(1, 1, 2.0f / static_cast<float>(width));
+    projection.Set(2, 2, 2.0f / static_cast<float>(height));
+    projection.Set(3, 3, -1.0f);
+    projection.Set(1, 4, -1.0f);
+    projection.Set(2, 4, -1.0f);
+    target.LoadMatrix(TRANS_MATRIX_PROJECTION, projection);
+    target.LoadIdentityMatrix(TRANS_MATRIX_VIEW);
+}
 
 class OrvTestGame : public OrvApplication
 {
@@ -55,37 +69,32 @@ protected:
     }
     void TearDown() override { game.Term(); }
 
-    static void LoadPixelProjection(OrvRenderer& target, unsigned int width, unsigned int height)
-    {
-        OrvMatrix projection = OrvMatrix::CreateIdentity(4);
-        projection.Set(1, 1, 2.0f / static_cast<float>(width));
-        projection.Set(2, 2, 2.0f / static_cast<float>(height));
-        projection.Set(3, 3, -1.0f);
-        projection.Set(1, 4, -1.0f);
-        projection.Set(2, 4, -1.0f);
-        target.LoadMatrix(TRANS_MATRIX_PROJECTION, projection);
-        target.LoadIdentityMatrix(TRANS_MATRIX_VIEW);
-    }
-
-    // A quad from (x0, y0) to (x1, y1) in pixels, UVs 0..1, through whatever pass is active.
-    void Quad(float x0, float y0, float x1, float y1)
-    {
-        OrvVertex corner;
-        renderer->Begin(RENDER_MODE_QUADS);
-        const float corners[4][4] = {{x0, y0, 0, 0}, {x1, y0, 1, 0}, {x1, y1, 1, 1}, {x0, y1, 0, 1}};
-        for (const auto& c : corners)
-        {
-            corner.SetPosition(OrvVector3D(c[0], c[1], 0.0f));
-            corner.SetUV(OrvVector2D(c[2], c[3]));
-            renderer->Vertex(&corner);
-        }
-        renderer->End();
-    }
+    void Quad(float x0, float y0, float x1, float y1);
 
     OrvGameFolder folder;
     OrvTestGame game;
     OrvRenderer* renderer = nullptr;
 };
+
+// A quad from (x0, y0) to (x1, y1), UVs 0..1, through whatever pass is active.
+inline void DrawQuad(OrvRenderer& renderer, float x0, float y0, float x1, float y1)
+{
+    OrvVertex corner;
+    renderer.Begin(RENDER_MODE_QUADS);
+    const float corners[4][4] = {{x0, y0, 0, 0}, {x1, y0, 1, 0}, {x1, y1, 1, 1}, {x0, y1, 0, 1}};
+    for (const auto& c : corners)
+    {
+        corner.SetPosition(OrvVector3D(c[0], c[1], 0.0f));
+        corner.SetUV(OrvVector2D(c[2], c[3]));
+        renderer.Vertex(&corner);
+    }
+    renderer.End();
+}
+
+inline void OrvGameTest::Quad(float x0, float y0, float x1, float y1)
+{
+    DrawQuad(*renderer, x0, y0, x1, y1);
+}
 
 // The back buffer's pixel (x, y) as 0xRRGGBB.
 inline unsigned int PixelAt(int x, int y)
@@ -117,6 +126,7 @@ public:
     explicit OrvQuadColoursImage(const char* name = "quad.tga")
     {
         m_name = name;
+        SetImageTypeCode(2);
         SetImagePixelSize(32);
         SetWidth(2);
         SetHeight(2);
@@ -124,6 +134,16 @@ public:
         const unsigned char texels[16] = {255, 0, 0, 255, 0, 255, 0, 255, 0, 0, 255, 255, 255, 255, 255, 255};
         for (int i = 0; i < 16; ++i)
             m_data[i] = texels[i];
+    }
+
+    // Writes the image as a TGA file in the working folder.
+    static void SaveAs(const char* name)
+    {
+        OrvFileManager files;
+        OrvQuadColoursImage image(name);
+        image.Create(&files, 1);
+        image.Save(name, SAVE_DEFAULT);
+        image.Close();
     }
 };
 
