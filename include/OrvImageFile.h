@@ -9,7 +9,7 @@
 class OrvImageFile : public OrvFile
 {
 public:
-    enum PIXEL_FORMAT
+    enum PIXEL_FORMAT : int
     {
         PIXEL_RGB = 0,  // 3 bytes a pixel: red, green, blue
         PIXEL_RGBA = 1  // 4 bytes a pixel: red, green, blue, alpha

@@ -15,15 +15,18 @@ class OrvVector3D;
 class OrvVertex;
 typedef struct OrvCgContextHandle* CGcontext;
 
+// These enumerations hold any int: the operations that take them refuse
+// values outside their lists.
+
 // The three transform stacks.
-enum OrvTransMatrix
+enum OrvTransMatrix : int
 {
     TRANS_MATRIX_MODEL = 0,
     TRANS_MATRIX_VIEW = 1,
     TRANS_MATRIX_PROJECTION = 2
 };
 
-enum OrvRenderMode
+enum OrvRenderMode : int
 {
     RENDER_MODE_LINES = 0,
     RENDER_MODE_LINE_STRIP = 1,
@@ -31,7 +34,7 @@ enum OrvRenderMode
     RENDER_MODE_QUADS = 3
 };
 
-enum OrvBlendFactor
+enum OrvBlendFactor : int
 {
     BLEND_FACTOR_ZERO = 0,
     BLEND_FACTOR_ONE = 1,
@@ -46,7 +49,7 @@ enum OrvBlendFactor
 };
 
 // A pass has exactly these two texture units.
-enum OrvTextureUnit
+enum OrvTextureUnit : int
 {
     TEXTURE_UNIT_0 = 0,
     TEXTURE_UNIT_1 = 1

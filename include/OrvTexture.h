@@ -7,15 +7,16 @@
 class OrvImageFile;
 class OrvTextureManager;
 
-// Texture filtering: nearest texel or linear.
-enum MIPMAP_METHOD
+// Texture filtering: nearest texel or linear. Both enumerations hold any int;
+// setters refuse values above 1.
+enum MIPMAP_METHOD : int
 {
     MIPMAP_NEAREST = 0,
     MIPMAP_LINEAR = 1
 };
 
 // Texture coordinates outside 0..1: repeat or clamp.
-enum WRAP_METHOD
+enum WRAP_METHOD : int
 {
     WRAP_REPEAT = 0,
     WRAP_CLAMP = 1

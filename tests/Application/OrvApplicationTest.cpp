@@ -233,6 +233,7 @@ public:
     }
     void OnInitialise() override
     {
+        OrvTestGame::OnInitialise();
         OrvRenderer* renderer = GetRenderer();
         seen.push_back(std::string("initialise: set up ") + Has(renderer && renderer->GetInitialized()) +
                        ", viewport " + std::to_string(renderer->GetViewportWidth()) + "x" +

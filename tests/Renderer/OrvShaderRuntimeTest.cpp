@@ -2,8 +2,6 @@
 
 #include <GL/gl.h>
 #include <SDL.h>
-#include <dlfcn.h>
-#include <link.h>
 
 #include <cstdlib>
 #include <cstring>
@@ -13,6 +11,7 @@
 
 #include "OrvCgException.h"
 #include "OrvShaderRuntime.h"
+#include "OrvTestGame.h"
 
 #if defined(__SANITIZE_ADDRESS__)
 #define ORV_TEST_ASAN 1
@@ -32,16 +31,6 @@ void ThrowingCallback()
     g_lastError = cgGetError();
     throw OrvCgException(OrvException::KeepMessage(cgGetErrorString(g_lastError)), "src/Renderer/OrvRenderer",
                          __LINE__);
-}
-
-// Keeps the GL driver mapped after SDL_Quit: what it still holds at exit stays
-// reachable, instead of showing as leaks of an unloaded module.
-int KeepDriverObject(struct dl_phdr_info* info, size_t, void*)
-{
-    const char* path = info->dlpi_name;
-    if (path != nullptr && std::strstr(path, "_dri.so") != nullptr)
-        dlopen(path, RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE);
-    return 0;
 }
 
 std::string ReadMedia(const char* name)
@@ -140,7 +129,7 @@ protected:
         ASSERT_EQ(0, SDL_Init(SDL_INIT_VIDEO)) << SDL_GetError();
         ASSERT_NE(nullptr, SDL_SetVideoMode(64, 64, 0, SDL_OPENGL)) << SDL_GetError();
         ASSERT_TRUE(OrvGL::LoadEntryPoints());
-        dl_iterate_phdr(KeepDriverObject, nullptr);
+        PinGLDriver();
         cgSetErrorCallback(ThrowingCallback);
         OrvShaderRuntimeSetCaching(true);
         g_lastError = CG_NO_ERROR;
