@@ -4,8 +4,13 @@
 #include "OrvInputListner.h"
 #include "OrvTObjectArray.h"
 
+class OrvAxisAlignedBox;
+class OrvCamera;
 class OrvCursor;
 class OrvFileManager;
+class OrvGameAsset;
+class OrvGameAssetManager;
+class OrvMessageManager;
 class OrvMaterialShelf;
 class OrvRenderWindow;
 class OrvRenderer;
@@ -55,7 +60,17 @@ public:
     float GetLoadingPercent() const { return m_loadingPercent; }
     bool IsRunning() const { return m_running; }
 
+    OrvGameAssetManager* GetGameAssetManager() const { return m_gameAssetManager; }
     OrvRenderer* GetRenderer() const { return m_renderer; }
+    OrvCamera* GetWorldCamera() const { return m_worldCamera; }
+    OrvCamera* GetHUDCamera() const { return m_hudCamera; }
+    OrvMessageManager* GetMessageManager() const { return m_messageManager; }
+    // The perspective tree's root and the head-up display's (pixels, origin
+    // at the viewport's centre while it is drawn).
+    OrvGameAsset* GetWorldRoot() const { return m_worldRoot; }
+    OrvGameAsset* GetHUDRoot() const { return m_hudRoot; }
+    OrvGameAsset* GetDebugRoot() const { return m_debugRoot; }
+    OrvAxisAlignedBox* GetScreenBox() const { return m_screenBox; }
     OrvFileManager* GetFileManager() const { return m_fileManager; }
     OrvTextureManager* GetTextureManager() const { return m_textureManager; }
     OrvTimerManager* GetTimerManager() const { return m_timerManager; }
@@ -74,6 +89,14 @@ public:
     // The screen box is the part of the plane z = 0 that the world camera sees;
     // false while the camera or the box is missing.
     bool UpdateScreenBox();
+    // The direct children of the world root that are on screen, in child order.
+    OrvTObjectArray<OrvGameAsset*> GetOnScreenGameAssets() const;
+
+    // Debug markers live under their own root, drawn after the world tree.
+    // An asset that is not a debug child is left alone.
+    void DeleteDebugGameAsset(OrvGameAsset* asset);
+    void DeleteAllDebugGameAssets();
+    void RenderDebugGameAssets(bool render);
 
     // Cursors are updated after the game trees and drawn on top of the HUD;
     // the list does not own them.
@@ -83,17 +106,28 @@ public:
 
 private:
     void ReportFocusChanges();
+    OrvGameAsset* CreateRoot(const char* name);
+    // Hands the three roots to the game asset manager for deletion.
+    void MarkRoots();
 
+    OrvGameAssetManager* m_gameAssetManager;
     OrvRenderer* m_renderer;
+    OrvCamera* m_worldCamera;
+    OrvCamera* m_hudCamera;
     OrvFileManager* m_fileManager;
     OrvTextureManager* m_textureManager;
     OrvTimerManager* m_timerManager;
     OrvMaterialShelf* m_materialShelf;
+    OrvMessageManager* m_messageManager;
     OrvRenderWindow* m_window;
+    OrvGameAsset* m_worldRoot;
+    OrvGameAsset* m_hudRoot;
+    OrvGameAsset* m_debugRoot;
     bool m_running;
     bool m_loading;
     float m_loadingPercent;
     OrvTObjectArray<OrvCursor*> m_cursors;
+    OrvAxisAlignedBox* m_screenBox;
     bool m_paused;
     unsigned int m_previousAppState;
     unsigned int m_currentAppState;

@@ -19,6 +19,9 @@ public:
     virtual ~OrvMaterialShelf();
 
     void Init(OrvRenderer* renderer);
+    // The shelf of the renderer's application; throws OrvRendererException
+    // (the shelf's own message) when there is none.
+    static OrvMaterialShelf* FromRenderer(OrvRenderer* renderer);
     OrvRenderer* GetRenderer() const { return m_renderer; }
     unsigned int GetMaterialCount() const { return m_materials.GetSize(); }
 
@@ -28,8 +31,7 @@ public:
     T* CreateMaterial()
     {
         if (m_renderer == nullptr)
-            ORV_THROW(OrvRendererException, "Renderer is null, can't use material shelf (try calling Init method)",
-                      "include/OrvMaterialShelf");
+            ORV_THROW(OrvRendererException, kNoRendererMessage, "include/OrvMaterialShelf");
         T* material = new T(m_renderer);
         m_materials.Add(material, false);
         return material;
@@ -45,6 +47,9 @@ public:
         delete material;
         material = nullptr;
     }
+
+    static constexpr const char* kNoRendererMessage =
+        "Renderer is null, can't use material shelf (try calling Init method)";
 
 private:
     OrvTArray<OrvMaterial> m_materials;

@@ -33,6 +33,12 @@ public:
     void Clear();
 
     static OrvMatrix CreateIdentity(unsigned int n);
+    // Makes this matrix the identity of its own size, in place.
+    void SetIdentity();
+    // this = a × b, bit for bit as operator* computes it, reusing this
+    // matrix's storage when the size fits (a or b may be this matrix).
+    // Throws OrvInvalidMatrixException as operator* does.
+    void SetProduct(const OrvMatrix& a, const OrvMatrix& b);
 
     OrvMatrix& operator*=(float f);
     OrvMatrix operator*(float f) const;

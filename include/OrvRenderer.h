@@ -112,6 +112,11 @@ public:
     void RotateMatrix(OrvTransMatrix kind, float degrees);
     // View top × model top.
     OrvMatrix GetModelViewTranslation();
+    // The same into `result`, without allocating.
+    void GetModelViewTranslation(OrvMatrix& result);
+    // PopMatrix without handing the matrix back (and so without copying it);
+    // fails as PopMatrix does.
+    void DiscardMatrix(OrvTransMatrix kind);
 
     OrvApplication* GetApplication() const { return m_application; }
     OrvEffectManager* GetEffectManager() const { return m_effectManager; }

@@ -100,6 +100,14 @@ public:
 
     void RemoveAll()
     {
+        if (m_capacity == m_step)
+        {
+            // Already one step: emptied in place, without a new block.
+            for (unsigned int i = 0; i < m_count; ++i)
+                m_data[i] = T();
+            m_count = 0;
+            return;
+        }
         T* fresh = new T[m_step]();
         delete[] m_data;
         m_data = fresh;

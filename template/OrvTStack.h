@@ -48,6 +48,14 @@ public:
         return m_data[m_top--];
     }
 
+    // Pop without returning the element.
+    void Discard()
+    {
+        if (m_top < 0)
+            ORV_THROW(OrvStackException, "You tried to pop an empty stack", "template/OrvTStack");
+        --m_top;
+    }
+
     T& Peek()
     {
         if (m_top < 0)

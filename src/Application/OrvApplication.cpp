@@ -3,9 +3,17 @@
 #include <GL/gl.h>
 #include <SDL.h>
 
+#include <cmath>
+
+#include "OrvAxisAlignedBox.h"
+#include "OrvCamera.h"
 #include "OrvEffectManager.h"
 #include "OrvFileManager.h"
+#include "OrvGameAsset.h"
+#include "OrvGameAssetDesc.h"
+#include "OrvGameAssetManager.h"
 #include "OrvMaterialShelf.h"
+#include "OrvMessageManager.h"
 #include "OrvOpenGLRenderer.h"
 #include "OrvSDLRenderWindow.h"
 #include "OrvTextureManager.h"
@@ -24,16 +32,30 @@ void DeleteAndNull(T*& object)
 }
 }
 
+namespace
+{
+// The world and HUD cameras start here.
+const OrvVector3D kCameraPosition(0.0f, 0.0f, 870.0f);
+}  // namespace
+
 OrvApplication::OrvApplication()
-    : m_renderer(nullptr),
+    : m_gameAssetManager(nullptr),
+      m_renderer(nullptr),
+      m_worldCamera(nullptr),
+      m_hudCamera(nullptr),
       m_fileManager(nullptr),
       m_textureManager(nullptr),
       m_timerManager(nullptr),
       m_materialShelf(nullptr),
+      m_messageManager(nullptr),
       m_window(nullptr),
+      m_worldRoot(nullptr),
+      m_hudRoot(nullptr),
+      m_debugRoot(nullptr),
       m_running(false),
       m_loading(false),
       m_loadingPercent(0.0f),
+      m_screenBox(nullptr),
       m_paused(false),
       m_previousAppState(0),
       m_currentAppState(0)
@@ -42,12 +64,18 @@ OrvApplication::OrvApplication()
 
 OrvApplication::~OrvApplication()
 {
-    // Order of release: screen box, sound, timers, sprites, input, messages,
-    // material shelf, textures, HUD camera, world camera, the roots through the
-    // game asset manager, the manager itself, renderer, files, window.
+    DeleteAndNull(m_screenBox);
     DeleteAndNull(m_timerManager);
-    DeleteAndNull(m_materialShelf);
+    DeleteAndNull(m_messageManager);
     DeleteAndNull(m_textureManager);
+    DeleteAndNull(m_hudCamera);
+    DeleteAndNull(m_worldCamera);
+    if (m_gameAssetManager != nullptr)
+        MarkRoots();
+    // The assets still registered go with their manager; their bounding boxes
+    // give their materials back to the shelf, which therefore goes after it.
+    DeleteAndNull(m_gameAssetManager);
+    DeleteAndNull(m_materialShelf);
     DeleteAndNull(m_renderer);
     DeleteAndNull(m_fileManager);
     DeleteAndNull(m_window);
@@ -93,7 +121,7 @@ void OrvApplication::Run()
         m_renderer->PostRender();
         // Sound manager Update.
         last = now;
-        // Game asset manager CleanUp.
+        m_gameAssetManager->CleanUp();
         m_textureManager->CleanUp();
     }
     Term();
@@ -108,16 +136,22 @@ void OrvApplication::Initialise(unsigned int width, unsigned int height)
     m_renderer = new OrvOpenGLRenderer(this);
     // The window knows the size it really took (the desktop's for 0xFFFFFFFF).
     m_renderer->Setup(0, 0, m_window->GetWidth(), m_window->GetHeight());
-    // Game asset manager, the three roots, the two cameras.
+    m_gameAssetManager = new OrvGameAssetManager(this);
+    m_worldRoot = CreateRoot("PerspectiveRoot");
+    m_hudRoot = CreateRoot("OrthographicRoot");
+    m_debugRoot = CreateRoot("DebugGameAssetRoot");
+    m_worldCamera = new OrvCamera(this, kCameraPosition);
+    m_hudCamera = new OrvCamera(this, kCameraPosition);
     m_textureManager = new OrvTextureManager(m_renderer);
     m_materialShelf = new OrvMaterialShelf();
     m_materialShelf->Init(m_renderer);
-    // Message manager, input manager with this application as first listener,
-    // sprite manager.
+    m_messageManager = new OrvMessageManager();
+    // Input manager with this application as first listener, sprite manager.
     m_timerManager = new OrvTimerManager();
     // Sound manager.
     OnInitialise();
-    // Screen box, then UpdateScreenBox().
+    m_screenBox = new OrvAxisAlignedBox(m_renderer);
+    UpdateScreenBox();
     m_running = true;
     m_paused = false;
 }
@@ -125,17 +159,25 @@ void OrvApplication::Initialise(unsigned int width, unsigned int height)
 void OrvApplication::Term()
 {
     m_cursors.RemoveAll();
-    // Screen box.
+    DeleteAndNull(m_screenBox);
     OnTerminate();
     // Sound manager.
     DeleteAndNull(m_timerManager);
-    // Sprite manager, input manager, message manager.
+    // Sprite manager, input manager.
+    if (m_messageManager != nullptr)
+    {
+        m_messageManager->DeleteAllMessages();
+        DeleteAndNull(m_messageManager);
+    }
     if (m_textureManager != nullptr)
     {
         m_textureManager->CleanUp();
         DeleteAndNull(m_textureManager);
     }
-    // HUD camera, world camera, the three roots.
+    DeleteAndNull(m_hudCamera);
+    DeleteAndNull(m_worldCamera);
+    if (m_gameAssetManager != nullptr)
+        MarkRoots();
     DeleteAndNull(m_renderer);
     if (m_fileManager != nullptr)
     {
@@ -145,29 +187,67 @@ void OrvApplication::Term()
     DeleteAndNull(m_window);
 }
 
+OrvGameAsset* OrvApplication::CreateRoot(const char* name)
+{
+    OrvGameAssetDesc desc;
+    desc.name = name;
+    return m_gameAssetManager->CreateGameAsset<OrvGameAsset, OrvGameAssetDesc>(&desc);
+}
+
+void OrvApplication::MarkRoots()
+{
+    // Marked only: the manager destroys them (and what hangs below) later.
+    if (m_debugRoot != nullptr)
+        m_gameAssetManager->DeleteGameAsset(m_debugRoot);
+    if (m_hudRoot != nullptr)
+        m_gameAssetManager->DeleteGameAsset(m_hudRoot);
+    if (m_worldRoot != nullptr)
+        m_gameAssetManager->DeleteGameAsset(m_worldRoot);
+}
+
 void OrvApplication::Update(float seconds)
 {
     ReportFocusChanges();
     // Input capture.
     if (m_timerManager != nullptr)
         m_timerManager->Update(seconds);
-    // World tree unless paused, HUD tree, cursors, messages.
+    if (!m_paused && m_worldRoot != nullptr)
+        m_worldRoot->Update(seconds);
+    if (m_hudRoot != nullptr)
+        m_hudRoot->Update(seconds);
+    // Cursors.
+    if (m_messageManager != nullptr)
+        m_messageManager->Update(seconds);
 }
 
 void OrvApplication::RenderWorld()
 {
-    // Deferred deletions, world camera perspective.
+    if (m_gameAssetManager != nullptr)
+        m_gameAssetManager->MonitorCleanUp();
+    if (m_worldCamera != nullptr)
+        m_worldCamera->ActivatePerspective();
     OnRenderWorld();
-    // World tree, debug tree.
+    if (m_worldRoot != nullptr)
+        m_worldRoot->Render();
+    if (m_debugRoot != nullptr)
+        m_debugRoot->Render();
     if (m_renderer != nullptr)
         m_renderer->LoadIdentityMatrix(TRANS_MATRIX_MODEL);
 }
 
 void OrvApplication::RenderHUD()
 {
-    // Deferred deletions, HUD camera orthographic, HUD root at the viewport centre.
+    if (m_gameAssetManager != nullptr)
+        m_gameAssetManager->MonitorCleanUp();
+    if (m_hudCamera != nullptr)
+        m_hudCamera->ActivateOthographic();
+    if (m_hudRoot != nullptr && m_renderer != nullptr)
+        m_hudRoot->SetPosition(OrvVector3D(static_cast<float>(m_renderer->GetViewportWidth()) * 0.5f,
+                                           static_cast<float>(m_renderer->GetViewportHeight()) * 0.5f, 0.0f));
     OnRenderHUD();
-    // HUD tree, cursors on top.
+    if (m_hudRoot != nullptr)
+        m_hudRoot->Render();
+    // Cursors on top.
     if (m_renderer != nullptr)
         m_renderer->LoadIdentityMatrix(TRANS_MATRIX_MODEL);
 }
@@ -225,8 +305,48 @@ void OrvApplication::OnBecameInactive() {}
 
 bool OrvApplication::UpdateScreenBox()
 {
-    // Needs the world camera and the screen box.
-    return false;
+    if (m_worldCamera == nullptr || m_screenBox == nullptr)
+        return false;
+    const float z = m_worldCamera->GetPosition().Z;
+    const float t = std::tan(m_worldCamera->GetFOVY());
+    const float hx = t * z * 0.5f;
+    const float hy = (t * z / m_worldCamera->GetAspectRatio()) * 0.5f;
+    m_screenBox->SetExtents(OrvVector3D(-hx, -hy, 0.0f), OrvVector3D(hx, hy, 0.0f));
+    return true;
+}
+
+OrvTObjectArray<OrvGameAsset*> OrvApplication::GetOnScreenGameAssets() const
+{
+    OrvTObjectArray<OrvGameAsset*> onScreen;
+    if (m_worldRoot == nullptr)
+        return onScreen;
+    for (OrvGameAsset* child : m_worldRoot->GetChildren())
+        if (child->IsOnScreen())
+            onScreen.Add(child);
+    return onScreen;
+}
+
+void OrvApplication::DeleteDebugGameAsset(OrvGameAsset* asset)
+{
+    if (m_debugRoot == nullptr || asset == nullptr || !m_debugRoot->GetChildren().Contains(asset))
+        return;
+    m_debugRoot->RemoveChild(asset);
+    m_gameAssetManager->DeleteGameAsset(asset);
+}
+
+void OrvApplication::DeleteAllDebugGameAssets()
+{
+    if (m_debugRoot == nullptr)
+        return;
+    for (OrvGameAsset* child : m_debugRoot->GetChildren())
+        m_gameAssetManager->DeleteGameAsset(child);
+    m_debugRoot->GetChildren().RemoveAll();
+}
+
+void OrvApplication::RenderDebugGameAssets(bool render)
+{
+    if (m_debugRoot != nullptr)
+        m_debugRoot->SetRender(render, true);
 }
 
 void OrvApplication::AddCursor(OrvCursor* cursor)

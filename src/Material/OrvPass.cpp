@@ -69,8 +69,8 @@ void OrvPass::Activate()
     if (m_renderer == nullptr)
         ORV_THROW(OrvRendererException, "You tried to activate a pass that was never created", kSource);
     m_renderer->ActivatePass(this);
-    OrvMatrix modelView = m_renderer->GetModelViewTranslation();
-    m_renderer->SetEffectParameter(m_effect, "in_m44ModelView", &modelView);
+    m_renderer->GetModelViewTranslation(m_modelView);
+    m_renderer->SetEffectParameter(m_effect, "in_m44ModelView", &m_modelView);
     m_renderer->SetEffectParameter(m_effect, "in_m44Proj", &m_renderer->PeekMatrix(TRANS_MATRIX_PROJECTION));
 }
 

@@ -134,31 +134,61 @@ OrvMatrix OrvMatrix::operator+(const OrvMatrix& other) const
     return sum;
 }
 
-OrvMatrix OrvMatrix::operator*(const OrvMatrix& other) const
+namespace
 {
-    if (m_columnCount != other.m_rowCount)
-        ORV_THROW(OrvInvalidMatrixException, kMultiplySizeMessage, "src/Math/OrvMatrix");
-
-    // Result column j is built as the sum over k of column k of this matrix
-    // times other(k, j), k ascending: every element is accumulated from 0 in
-    // the order k = 1, 2, ... while the arrays are walked column by column.
-    const int rows = m_rowCount;
-    const int inner = m_columnCount;
-    const int columns = other.m_columnCount;
-    OrvMatrix product(rows, columns);
+// Result column j is built as the sum over k of column k of the left matrix
+// times right(k, j), k ascending: every element is accumulated from 0 in the
+// order k = 1, 2, ... while the arrays are walked column by column. `product`
+// holds rows × columns zeros on entry and overlaps neither input.
+void Multiply(const float* leftValues, int rows, int inner, const float* rightValues, int columns, float* product)
+{
     for (int j = 0; j < columns; ++j)
     {
-        float* target = product.m_values + static_cast<std::size_t>(j) * rows;
-        const float* right = other.m_values + static_cast<std::size_t>(j) * inner;
+        float* target = product + static_cast<std::size_t>(j) * rows;
+        const float* right = rightValues + static_cast<std::size_t>(j) * inner;
         for (int k = 0; k < inner; ++k)
         {
             const float factor = right[k];
-            const float* left = m_values + static_cast<std::size_t>(k) * rows;
+            const float* left = leftValues + static_cast<std::size_t>(k) * rows;
             for (int i = 0; i < rows; ++i)
                 target[i] += left[i] * factor;
         }
     }
+}
+}  // namespace
+
+OrvMatrix OrvMatrix::operator*(const OrvMatrix& other) const
+{
+    if (m_columnCount != other.m_rowCount)
+        ORV_THROW(OrvInvalidMatrixException, kMultiplySizeMessage, "src/Math/OrvMatrix");
+    OrvMatrix product(m_rowCount, other.m_columnCount);
+    Multiply(m_values, m_rowCount, m_columnCount, other.m_values, other.m_columnCount, product.m_values);
     return product;
+}
+
+void OrvMatrix::SetProduct(const OrvMatrix& a, const OrvMatrix& b)
+{
+    if (a.m_columnCount != b.m_rowCount)
+        ORV_THROW(OrvInvalidMatrixException, kMultiplySizeMessage, "src/Math/OrvMatrix");
+    const std::size_t count = ElementCount(a.m_rowCount, b.m_columnCount);
+    if (count > 16 || count != ElementCount(m_rowCount, m_columnCount))
+    {
+        *this = a * b;
+        return;
+    }
+    // Transforms take this path: no allocation, and the inputs may alias the result.
+    float product[16] = {};
+    Multiply(a.m_values, a.m_rowCount, a.m_columnCount, b.m_values, b.m_columnCount, product);
+    m_rowCount = a.m_rowCount;
+    m_columnCount = b.m_columnCount;
+    std::memcpy(m_values, product, count * sizeof(float));
+}
+
+void OrvMatrix::SetIdentity()
+{
+    Clear();
+    for (int i = 1; i <= m_rowCount && i <= m_columnCount; ++i)
+        Set(i, i, 1.0f);
 }
 
 bool OrvMatrix::operator==(const OrvMatrix& other) const

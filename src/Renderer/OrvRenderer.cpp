@@ -283,14 +283,9 @@ void OrvRenderer::LoadIdentityMatrix(OrvTransMatrix kind)
 {
     OrvMatrix& top = PeekMatrix(kind);
     if (top.GetRowCount() != 4 || top.GetColumnCount() != 4)
-    {
         top = OrvMatrix::CreateIdentity(4);
-        return;
-    }
-    // In place: the per-frame reset allocates nothing.
-    top.Clear();
-    for (int i = 1; i <= 4; ++i)
-        top.Set(i, i, 1.0f);
+    else
+        top.SetIdentity();
 }
 
 void OrvRenderer::TranslateMatrix(OrvTransMatrix kind, const OrvVector3D& v)
@@ -311,4 +306,17 @@ void OrvRenderer::RotateMatrix(OrvTransMatrix kind, float degrees)
 OrvMatrix OrvRenderer::GetModelViewTranslation()
 {
     return PeekMatrix(TRANS_MATRIX_VIEW) * PeekMatrix(TRANS_MATRIX_MODEL);
+}
+
+void OrvRenderer::GetModelViewTranslation(OrvMatrix& result)
+{
+    result.SetProduct(PeekMatrix(TRANS_MATRIX_VIEW), PeekMatrix(TRANS_MATRIX_MODEL));
+}
+
+void OrvRenderer::DiscardMatrix(OrvTransMatrix kind)
+{
+    OrvTStack<OrvMatrix>* stack = Stack(kind);
+    if (stack == nullptr)
+        ORV_THROW(OrvRendererException, "You tried to pop an unhandled matrix", kSource);
+    stack->Discard();
 }

@@ -29,7 +29,9 @@ namespace
 // The game's window opens windowed.
 struct GameDir : OrvScratchDir
 {
-    explicit GameDir(const char* mediaPaths = "<MediaPaths>\n</MediaPaths>\n")
+    // The engine's shaders must be found: the screen box draws with one.
+    explicit GameDir(const std::string& mediaPaths = "<MediaPaths>\n  <Path>" + std::string(ORV_MEDIA_DIR) +
+                                                     "</Path>\n</MediaPaths>\n")
     {
         Write("MediaPaths.xml", mediaPaths);
         setenv("ORV_WINDOWED", "1", 1);
@@ -200,12 +202,13 @@ TEST(OrvApplication, CursorListKeepsDuplicatesAndChecksIndices)
 
 TEST(OrvApplication, StartUpReadsTheMediaPathList)
 {
-    GameDir dir("<MediaPaths>\n  <Path>gfx</Path>\n  <Anything>snd/</Anything>\n</MediaPaths>\n");
+    GameDir dir("<MediaPaths>\n  <Path>gfx</Path>\n  <Anything>snd/</Anything>\n  <Path>" +
+                std::string(ORV_MEDIA_DIR) + "</Path>\n</MediaPaths>\n");
     RecordingGame game;
     game.Initialise(640, 480);
     OrvFileManager* files = game.GetFileManager();
     ASSERT_NE(nullptr, files);
-    ASSERT_EQ(2u, files->GetMediaPathCount());
+    ASSERT_EQ(3u, files->GetMediaPathCount());
     EXPECT_TRUE(files->GetMediaPath(0) == "gfx/");
     EXPECT_TRUE(files->GetMediaPath(1) == "snd/");
     EXPECT_NE(nullptr, files->GetFile("MediaPaths.xml")) << "the list stays registered";

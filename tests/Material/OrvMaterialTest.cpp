@@ -60,6 +60,7 @@ TEST_F(OrvMaterialGameTest, ShelfMaterialsShareEffectsAndKeepTheirPasses)
 {
     OrvMaterialShelf* shelf = game.GetMaterialShelf();
     ASSERT_EQ(renderer, shelf->GetRenderer());
+    const unsigned int before = shelf->GetMaterialCount();
     OrvColorMaterial* first = shelf->CreateMaterial<OrvColorMaterial>();
     OrvColorMaterial* second = shelf->CreateMaterial<OrvColorMaterial>();
     EXPECT_EQ(first->GetPass(0)->GetEffect(), second->GetPass(0)->GetEffect());
@@ -76,7 +77,7 @@ TEST_F(OrvMaterialGameTest, ShelfMaterialsShareEffectsAndKeepTheirPasses)
     EXPECT_EQ(&foreign, foreignPointer) << "not the shelf's: left alone";
     shelf->DestroyMaterial(first);
     EXPECT_EQ(nullptr, first);
-    EXPECT_EQ(1u, shelf->GetMaterialCount());
+    EXPECT_EQ(before + 1, shelf->GetMaterialCount());
     shelf->DestroyMaterial(second);
 }
 

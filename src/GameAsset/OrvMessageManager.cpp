@@ -1,0 +1,50 @@
+#include "OrvMessageManager.h"
+
+#include "OrvGameAsset.h"
+#include "OrvMessage.h"
+
+OrvMessageManager::OrvMessageManager() = default;
+
+OrvMessageManager::~OrvMessageManager()
+{
+    m_messages.Destroy();
+}
+
+void OrvMessageManager::SendMessage(OrvGameAsset* sender, OrvGameAsset* receiver, const OrvUnicode& message,
+                                    void* data, int delay)
+{
+    OrvMessage* sent = new OrvMessage(sender, receiver, message, data, static_cast<float>(delay));
+    m_messages.Add(sent, false);
+    m_pending.Add(sent);
+}
+
+void OrvMessageManager::Update(float seconds)
+{
+    unsigned int i = 0;
+    while (i < m_pending.GetCount())
+    {
+        OrvMessage* message = m_pending[i];
+        if (message->GetDelay() > 0.0f)
+        {
+            message->ReduceDelay(seconds);
+            ++i;
+            continue;
+        }
+        m_pending.RemoveIndex(i);
+        if (message->GetReceiver() != nullptr)
+            message->GetReceiver()->ReceiveMessage(message);
+        else
+            // Nobody could ever handle it.
+            m_messages.Delete(message);
+    }
+}
+
+void OrvMessageManager::DeleteMessage(OrvMessage* message)
+{
+    m_messages.Delete(message);
+}
+
+void OrvMessageManager::DeleteAllMessages()
+{
+    m_messages.DeleteAll();
+}

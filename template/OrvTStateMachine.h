@@ -1,0 +1,84 @@
+#ifndef ORV_T_STATE_MACHINE_H
+#define ORV_T_STATE_MACHINE_H
+
+#include "OrvTArray.h"
+#include "OrvTState.h"
+
+// Runs a behaviour as a sequence of states, plus an optional global state that
+// runs every frame before the current one. A requested change happens at the
+// next Update. On each change the state two steps back is destroyed, unless it
+// is the one being entered, so a game can switch back to the previous state.
+//
+// The machine owns every state handed to it (registered, requested or made
+// global) and destroys those still alive with itself.
+template <class T>
+class OrvTStateMachine
+{
+public:
+    OrvTStateMachine() : m_current(nullptr), m_global(nullptr), m_previous(nullptr), m_next(nullptr) {}
+    OrvTStateMachine(const OrvTStateMachine&) = delete;
+    OrvTStateMachine& operator=(const OrvTStateMachine&) = delete;
+
+    virtual ~OrvTStateMachine()
+    {
+        OrvTState<T>* loose[4] = {m_current, m_global, m_previous, m_next};
+        for (int i = 0; i < 4; ++i)
+        {
+            bool seen = loose[i] == nullptr || m_states.Find(loose[i]) >= 0;
+            for (int j = 0; j < i && !seen; ++j)
+                seen = loose[j] == loose[i];
+            if (!seen)
+                delete loose[i];
+        }
+        m_states.DeleteAll();
+    }
+
+    // Hands a state to the machine (once).
+    void RegisterState(OrvTState<T>* state) { m_states.Add(state, true); }
+    // The change happens at the next Update.
+    void RequestState(OrvTState<T>* state) { m_next = state; }
+    void SetGlobalState(OrvTState<T>* state) { m_global = state; }
+
+    OrvTState<T>* GetCurrentState() const { return m_current; }
+    OrvTState<T>* GetGlobalState() const { return m_global; }
+    OrvTState<T>* GetPreviousState() const { return m_previous; }
+    OrvTState<T>* GetNextState() const { return m_next; }
+    unsigned int GetStateCount() const { return m_states.GetSize(); }
+
+    // The machine's turn: global state, the pending change, current state. A
+    // change requested by the global state takes effect in the same turn.
+    void Update(float seconds)
+    {
+        if (m_global != nullptr)
+            m_global->Execute(seconds);
+        if (m_next != nullptr)
+        {
+            OrvTState<T>* entering = m_next;
+            m_next = nullptr;
+            if (m_current != nullptr)
+                m_current->Exit();
+            if (m_previous != nullptr && m_previous != entering)
+            {
+                OrvTState<T>* dropped = m_previous;
+                m_states.Remove(dropped);
+                m_previous = nullptr;
+                if (dropped != m_global && dropped != m_current)
+                    delete dropped;
+            }
+            m_previous = m_current;
+            m_current = entering;
+            m_current->Enter();
+        }
+        if (m_current != nullptr)
+            m_current->Execute(seconds);
+    }
+
+private:
+    OrvTState<T>* m_current;
+    OrvTState<T>* m_global;
+    OrvTState<T>* m_previous;
+    OrvTState<T>* m_next;
+    OrvTArray<OrvTState<T>> m_states;
+};
+
+#endif
