@@ -3,11 +3,16 @@
 #include <SDL.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "OrvApplication.h"
+#include "OrvAxisAlignedBox.h"
+#include "OrvGameAsset.h"
+#include "OrvGameAssetDesc.h"
+#include "OrvGameAssetManager.h"
 #include "OrvColor.h"
 #include "OrvColoredTextureMaterial.h"
 #include "OrvEffect.h"
@@ -314,4 +319,85 @@ TEST(OrvApplication, FullScreenSwitchRebuildsEffectsAndTextures)
     }
     texture->RemoveUser();
     game.Term();
+}
+
+namespace
+{
+// Counts its updates and draws; marks itself for deletion on request.
+class Counter : public OrvGameAsset
+{
+public:
+    void Update(float seconds) override
+    {
+        ++updates;
+        OrvGameAsset::Update(seconds);
+    }
+    void RenderElements() const override { ++const_cast<Counter*>(this)->draws; }
+    int updates = 0, draws = 0;
+};
+
+Counter* AddCounter(OrvApplication& game, OrvGameAsset* parent)
+{
+    OrvGameAssetDesc desc;
+    Counter* counter = game.GetGameAssetManager()->CreateGameAsset<Counter, OrvGameAssetDesc>(&desc);
+    counter->AttachTo(parent);
+    return counter;
+}
+}  // namespace
+
+TEST(OrvApplication, TheTreesUpdateAndDrawAroundTheirRoots)
+{
+    OrvGameFolder folder;
+    OrvTestGame game;
+    EXPECT_FALSE(game.UpdateScreenBox()) << "no camera, no box before Initialise";
+    game.Initialise(64, 48);
+    EXPECT_EQ(1, game.GetWorldRoot()->GetID());
+    EXPECT_EQ(2, game.GetHUDRoot()->GetID());
+    EXPECT_EQ(3, game.GetDebugRoot()->GetID());
+    EXPECT_TRUE(game.GetHUDRoot()->GetName() == "OrthographicRoot");
+
+    // The box on z = 0: tan of the field of view value as it stands, times the distance.
+    const float t = std::tan(45.0f);
+    const OrvVector3D corner = game.GetScreenBox()->GetWorldMaximum();
+    EXPECT_FLOAT_EQ(t * 870.0f * 0.5f, corner.X);
+    EXPECT_FLOAT_EQ(t * 870.0f / (64.0f / 48.0f) * 0.5f, corner.Y);
+
+    Counter* world = AddCounter(game, game.GetWorldRoot());
+    Counter* hud = AddCounter(game, game.GetHUDRoot());
+    game.SetPaused(true);
+    game.Update(0.1f);
+    game.RenderWorld();
+    game.RenderHUD();
+    EXPECT_EQ(0, world->updates) << "paused: the world stands still";
+    EXPECT_EQ(1, hud->updates);
+    EXPECT_EQ(1, world->draws) << "but is still drawn";
+    EXPECT_EQ(OrvVector3D(32, 24, 0), game.GetHUDRoot()->GetPosition()) << "the HUD's origin is the viewport's centre";
+    EXPECT_EQ(32.0f, hud->GetWorldPosition().X);
+
+    world->SetMesh(SquareMesh(game.GetRenderer(), 10, OrvColor()));
+    world->RefreshPosition(true);
+    Counter* far = AddCounter(game, game.GetWorldRoot());
+    far->SetMesh(SquareMesh(game.GetRenderer(), 10, OrvColor()));
+    far->SetPosition(OrvVector3D(5000, 0, 0));
+    const OrvTObjectArray<OrvGameAsset*> seen = game.GetOnScreenGameAssets();
+    ASSERT_EQ(1u, seen.GetCount());
+    EXPECT_EQ(world, seen[0]);
+
+    // Debug markers: deleting one that is not a debug child changes nothing.
+    Counter* marker = AddCounter(game, game.GetDebugRoot());
+    game.DeleteDebugGameAsset(world);
+    EXPECT_FALSE(world->GetToDelete());
+    game.RenderDebugGameAssets(false);
+    EXPECT_FALSE(marker->GetRender());
+    game.DeleteAllDebugGameAssets();
+    EXPECT_TRUE(marker->GetToDelete());
+    EXPECT_EQ(0u, game.GetDebugRoot()->GetChildCount());
+
+    // A deletion marked during the update is carried out before anything is drawn.
+    far->DeleteThisGameAsset();
+    const unsigned int count = game.GetGameAssetManager()->GetGameAssetCount();
+    game.RenderWorld();
+    EXPECT_EQ(count - 2, game.GetGameAssetManager()->GetGameAssetCount());
+    game.Term();
+    EXPECT_TRUE(game.GetWorldRoot()->GetToDelete()) << "Term marks the roots; the destructor destroys them";
 }

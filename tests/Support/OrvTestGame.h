@@ -16,6 +16,9 @@
 #include <string>
 
 #include "OrvApplication.h"
+#include "OrvColor.h"
+#include "OrvColorMaterial.h"
+#include "OrvMesh.h"
 #include "OrvFileManager.h"
 #include "OrvMatrix.h"
 #include "OrvRenderer.h"
@@ -113,6 +116,21 @@ inline void DrawQuad(OrvRenderer& renderer, float x0, float y0, float x1, float 
 inline void OrvGameTest::Quad(float x0, float y0, float x1, float y1)
 {
     DrawQuad(*renderer, x0, y0, x1, y1);
+}
+
+// A flat colour square of `side` around the origin.
+inline OrvMesh* SquareMesh(OrvRenderer* renderer, float side, const OrvColor& color)
+{
+    OrvMesh* mesh = new OrvMesh(renderer);
+    const float h = side * 0.5f;
+    const float corners[4][2] = {{-h, -h}, {h, -h}, {h, h}, {-h, h}};
+    for (const auto& c : corners)
+        mesh->AddVertex(new OrvVertex(OrvVector3D(c[0], c[1], 0), OrvVector2D(0, 0), OrvVector3D(0, 1, 0)));
+    OrvColorMaterial* material = new OrvColorMaterial(renderer);
+    material->SetColor(color);
+    mesh->SetMaterial(material);
+    mesh->BuildBoundingVolumes();
+    return mesh;
 }
 
 // The back buffer's pixel (x, y) as 0xRRGGBB.
