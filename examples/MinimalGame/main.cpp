@@ -1,5 +1,8 @@
-// The example game: every turn it draws a spinning coloured quad and a
-// textured quad through the engine's materials. It ends after a few seconds
+// The example game. A world tree: a wheel of coloured quads turning about its
+// hub, a textured quad, a lamp whose state machine switches colour on delayed
+// messages it sends itself, and sparks created every half second that fly
+// off and delete themselves. A head-up display drawn in pixels on top: a bar
+// across the top and one square per live spark. It ends after a few seconds
 // measured by one of the engine's timers; with --screenshot it leaves its last
 // frame in a TGA file.
 //
@@ -8,6 +11,7 @@
 // Set ORV_WINDOWED=1 to play it in a window instead of full screen.
 #include <GL/gl.h>
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -19,7 +23,13 @@
 #include "OrvColoredTextureMaterial.h"
 #include "OrvException.h"
 #include "OrvFileManager.h"
-#include "OrvMaterialShelf.h"
+#include "OrvGameAsset.h"
+#include "OrvGameAssetDesc.h"
+#include "OrvGameAssetManager.h"
+#include "OrvGameAssetState.h"
+#include "OrvMesh.h"
+#include "OrvMessage.h"
+#include "OrvMessageManager.h"
 #include "OrvRenderer.h"
 #include "OrvTGAImageFile.h"
 #include "OrvTexture.h"
@@ -29,22 +39,112 @@
 
 namespace
 {
+// A width × height rectangle around the origin drawn with `material` (owned by the mesh).
+OrvMesh* Rectangle(OrvRenderer* renderer, float width, float height, OrvMaterial* material)
+{
+    OrvMesh* mesh = new OrvMesh(renderer);
+    const float w = width * 0.5f, h = height * 0.5f;
+    const float corners[4][4] = {{-w, -h, 0, 0}, {w, -h, 1, 0}, {w, h, 1, 1}, {-w, h, 0, 1}};
+    for (const auto& c : corners)
+        mesh->AddVertex(new OrvVertex(OrvVector3D(c[0], c[1], 0), OrvVector2D(c[2], c[3]), OrvVector3D(0, 1, 0)));
+    mesh->SetMaterial(material);
+    mesh->BuildBoundingVolumes();
+    return mesh;
+}
+
+OrvColorMaterial* Paint(OrvRenderer* renderer, const OrvColor& color)
+{
+    OrvColorMaterial* material = new OrvColorMaterial(renderer);
+    material->SetColor(color);
+    return material;
+}
+
+// Turns at a steady rate, carrying its children with it.
+class Wheel : public OrvGameAsset
+{
+public:
+    void Update(float seconds) override
+    {
+        SetRotation(GetRotation() + 40.0f * seconds);
+        OrvGameAsset::Update(seconds);
+    }
+};
+
+// Flies outwards and deletes itself after a second and a half.
+class Spark : public OrvGameAsset
+{
+public:
+    void Update(float seconds) override
+    {
+        m_age += seconds;
+        const float angle = GetRotation() * 0.017453292f;
+        SetPosition(GetPosition() + OrvVector3D(std::cos(angle), std::sin(angle), 0.0f) * (220.0f * seconds));
+        OrvGameAsset::Update(seconds);
+        if (m_age > 1.5f && !GetToDelete())
+            DeleteThisGameAsset();
+    }
+
+private:
+    float m_age = 0.0f;
+};
+
+// One colour of the lamp. On entering it asks, by a message to its own asset
+// one second later, to be replaced by the other colour.
+class LampColour : public OrvGameAssetState
+{
+public:
+    LampColour(OrvGameAsset* lamp, const OrvColor& color, OrvMessageManager* messages)
+        : OrvGameAssetState(lamp), m_color(color), m_messages(messages)
+    {
+    }
+    void SetOther(LampColour* other) { m_other = other; }
+
+    void Enter() override
+    {
+        static_cast<OrvColorMaterial*>(m_owner->GetMesh()->GetMaterial())->SetColor(m_color);
+        m_messages->SendMessage(m_owner, m_owner, "switch", nullptr, 1);
+    }
+    void Execute(float seconds) override { m_owner->SetRotation(m_owner->GetRotation() - 90.0f * seconds); }
+    void Exit() override {}
+    bool OnMessage(OrvMessage* message) override
+    {
+        if (!(message->GetMessage() == "switch"))
+            return false;
+        m_owner->GetStateMachine()->RequestState(m_other);
+        return true;
+    }
+
+private:
+    OrvColor m_color;
+    OrvMessageManager* m_messages;
+    LampColour* m_other = nullptr;
+};
+
 class MinimalGame : public OrvApplication
 {
 public:
     MinimalGame(float seconds, std::string screenshot) : m_seconds(seconds), m_screenshot(std::move(screenshot)) {}
 
     unsigned long Turns() const { return m_turns; }
-    int Ticks() const { return m_ticks; }
+    int Sparks() const { return m_sparksMade; }
 
 protected:
     void OnInitialise() override
     {
-        OrvTimer* timer = GetTimerManager()->AddTimer();
-        timer->SetTimeLimit(m_seconds);
-        timer->SetTickCallBack([](OrvTimer*, void* game) { ++static_cast<MinimalGame*>(game)->m_ticks; }, this);
-        timer->SetEndCallBack([](OrvTimer*, void* game) { static_cast<MinimalGame*>(game)->Exit(); }, this);
-        timer->Start();
+        OrvTimer* end = GetTimerManager()->AddTimer();
+        end->SetTimeLimit(m_seconds);
+        end->SetEndCallBack([](OrvTimer*, void* game) { static_cast<MinimalGame*>(game)->Exit(); }, this);
+        end->Start();
+
+        OrvRenderer* renderer = GetRenderer();
+        Wheel* wheel = Create<Wheel>(GetWorldRoot(), OrvVector3D(-120, 0, 0));
+        for (int i = 0; i < 6; ++i)
+        {
+            const float angle = static_cast<float>(i) * 60.0f * 0.017453292f;
+            OrvGameAsset* spoke = Create<OrvGameAsset>(wheel, OrvVector3D(150 * std::cos(angle), 150 * std::sin(angle), 0));
+            spoke->SetMesh(Rectangle(renderer, 70, 70, Paint(renderer, OrvColor(255, 60 + 30 * i, 40 * i, 255))));
+            spoke->RefreshPosition(true);
+        }
 
         // The picture comes from the media paths; the texture is ours while we use it.
         OrvTGAImageFile* image = GetFileManager()->GetOrLoad<OrvTGAImageFile>("Checker.tga");
@@ -52,79 +152,98 @@ protected:
         m_texture->AddUser();
         m_texture->SetDataFromImage(image);
         GetFileManager()->DeleteOrvFile(image);
+        OrvGameAsset* picture = Create<OrvGameAsset>(GetWorldRoot(), OrvVector3D(230, 60, 0));
+        picture->SetMesh(Rectangle(renderer, 200, 200,
+                                   new OrvColoredTextureMaterial(renderer, m_texture, OrvColor(1.0f, 1.0f, 1.0f, 1.0f))));
+        picture->RefreshPosition(true);
 
-        OrvMaterialShelf* shelf = GetMaterialShelf();
-        m_colour = shelf->CreateMaterial<OrvColorMaterial>();
-        m_colour->SetColor(OrvColor(255, 160, 32, 255));
-        m_textured = new OrvColoredTextureMaterial(GetRenderer(), m_texture, OrvColor(1.0f, 1.0f, 1.0f, 1.0f));
+        m_lamp = Create<OrvGameAsset>(GetWorldRoot(), OrvVector3D(230, -190, 10));
+        m_lamp->SetMesh(Rectangle(renderer, 90, 90, Paint(renderer, OrvColor())));
+        m_lamp->RefreshPosition(true);
+        LampColour* red = new LampColour(m_lamp, OrvColor(230, 40, 40, 255), GetMessageManager());
+        LampColour* green = new LampColour(m_lamp, OrvColor(40, 220, 90, 255), GetMessageManager());
+        red->SetOther(green);
+        green->SetOther(red);
+        m_lamp->GetStateMachine()->RegisterState(red);
+        m_lamp->GetStateMachine()->RegisterState(green);
+        m_lamp->GetStateMachine()->RequestState(red);
+
+        // The head-up display: a bar, and a row of marks in front of it. Its
+        // depth runs from 0 (nearest) to -1.
+        m_hud = Create<OrvGameAsset>(GetHUDRoot(), OrvVector3D(0, 0, 0));
+        m_bar = Create<OrvGameAsset>(m_hud, OrvVector3D(0, 0, -0.5f));
+        m_bar->SetMesh(Rectangle(renderer, 1, 1, Paint(renderer, OrvColor(40, 90, 200, 220))));
+        m_marks = Create<OrvGameAsset>(m_hud, OrvVector3D(0, 0, 0));
     }
 
-    void OnTerminate() override
-    {
-        GetMaterialShelf()->DestroyMaterial(m_colour);
-        delete m_textured;
-        m_textured = nullptr;
-        m_texture->RemoveUser();
-    }
+    void OnTerminate() override { m_texture->RemoveUser(); }
 
     void Update(float seconds) override
     {
         OrvApplication::Update(seconds);
-        m_angle += 90.0f * seconds;
+        // A spark every quarter of a second.
+        for (m_sparkClock += seconds; m_sparkClock >= 0.25f; m_sparkClock -= 0.25f)
+            LaunchSpark();
         ++m_turns;
     }
 
-    void OnRenderWorld() override
-    {
-        OrvRenderer* renderer = GetRenderer();
-        const float width = static_cast<float>(renderer->GetViewportWidth());
-        const float height = static_cast<float>(renderer->GetViewportHeight());
-        LoadPixelProjection(width, height);
-        const float side = (width < height ? width : height) * 0.35f;
-        DrawQuad(m_colour, width * 0.3f, height * 0.5f, side, m_angle);
-        DrawQuad(m_textured, width * 0.7f, height * 0.5f, side, 0.0f);
-    }
+    void OnRenderWorld() override {}
 
     void OnRenderHUD() override
     {
+        // The HUD root sits at the viewport's centre: the bar spans the top.
+        const float width = static_cast<float>(GetRenderer()->GetViewportWidth());
+        const float height = static_cast<float>(GetRenderer()->GetViewportHeight());
+        m_hud->SetPosition(OrvVector3D(0, height * 0.5f - 30, 0));
+        m_bar->SetScale(OrvVector3D(width - 40, 36, 1));
+        m_marks->SetPosition(OrvVector3D(-width * 0.5f + 50, 0, 0));
+        ShowSparkCount();
+    }
+
+    void RenderHUD() override
+    {
+        OrvApplication::RenderHUD();
         // The turn in which the game ends still draws its frame: that one is kept.
         if (!m_screenshot.empty() && !IsRunning())
             SaveScreenshot();
     }
 
 private:
-    // x and y in pixels from the lower left corner; no camera needed.
-    void LoadPixelProjection(float width, float height)
+    template <class T>
+    T* Create(OrvGameAsset* parent, const OrvVector3D& position)
     {
-        OrvRenderer* renderer = GetRenderer();
-        OrvMatrix projection = OrvMatrix::CreateIdentity(4);
-        projection.Set(1, 1, 2.0f / width);
-        projection.Set(2, 2, 2.0f / height);
-        projection.Set(1, 4, -1.0f);
-        projection.Set(2, 4, -1.0f);
-        renderer->LoadMatrix(TRANS_MATRIX_PROJECTION, projection);
-        renderer->LoadIdentityMatrix(TRANS_MATRIX_VIEW);
+        OrvGameAssetDesc desc;
+        desc.position = position;
+        T* asset = GetGameAssetManager()->CreateGameAsset<T, OrvGameAssetDesc>(&desc);
+        asset->AttachTo(parent);
+        return asset;
     }
 
-    // A square of `side` pixels centred on (x, y), turned by `degrees`.
-    void DrawQuad(OrvMaterial* material, float x, float y, float side, float degrees)
+    void LaunchSpark()
     {
-        OrvRenderer* renderer = GetRenderer();
-        renderer->PushMatrix(TRANS_MATRIX_MODEL);
-        renderer->RotateMatrix(TRANS_MATRIX_MODEL, degrees);
-        renderer->TranslateMatrix(TRANS_MATRIX_MODEL, OrvVector3D(x, y, 0.0f));
-        material->ActivatePass(0);
-        const float h = side * 0.5f;
-        const float corners[4][4] = {{-h, -h, 0, 0}, {h, -h, 1, 0}, {h, h, 1, 1}, {-h, h, 0, 1}};
-        renderer->Begin(RENDER_MODE_QUADS);
-        for (const auto& c : corners)
+        Spark* spark = Create<Spark>(GetWorldRoot(), OrvVector3D(-120, 0, 5));
+        spark->SetRotation(static_cast<float>((m_sparksMade * 77) % 360));
+        spark->SetMesh(Rectangle(GetRenderer(), 24, 24, Paint(GetRenderer(), OrvColor(255, 255, 160, 255))));
+        spark->RefreshPosition(true);
+        ++m_sparksMade;
+    }
+
+    // One small square on the bar per spark alive, remade when the count changes.
+    void ShowSparkCount()
+    {
+        unsigned int alive = 0;
+        for (OrvGameAsset* child : GetWorldRoot()->GetChildren())
+            if (dynamic_cast<Spark*>(child) != nullptr)
+                ++alive;
+        if (alive == m_shownSparks)
+            return;
+        m_shownSparks = alive;
+        m_marks->DeleteAllChildren();
+        for (unsigned int i = 0; i < alive; ++i)
         {
-            m_corner.SetPosition(OrvVector3D(c[0], c[1], 0.0f));
-            m_corner.SetUV(OrvVector2D(c[2], c[3]));
-            renderer->Vertex(&m_corner);
+            OrvGameAsset* mark = Create<OrvGameAsset>(m_marks, OrvVector3D(30 * static_cast<float>(i), 0, 0));
+            mark->SetMesh(Rectangle(GetRenderer(), 20, 20, Paint(GetRenderer(), OrvColor(255, 255, 160, 255))));
         }
-        renderer->End();
-        renderer->PopMatrix(TRANS_MATRIX_MODEL);
     }
 
     // The frame as drawn so far (the back buffer), bottom row first as TGA keeps it.
@@ -152,12 +271,14 @@ private:
     float m_seconds;
     std::string m_screenshot;
     unsigned long m_turns = 0;
-    int m_ticks = 0;
-    float m_angle = 30.0f;
+    int m_sparksMade = 0;
+    float m_sparkClock = 0.0f;
+    unsigned int m_shownSparks = 0;
     OrvTexture* m_texture = nullptr;
-    OrvColorMaterial* m_colour = nullptr;
-    OrvColoredTextureMaterial* m_textured = nullptr;
-    OrvVertex m_corner;
+    OrvGameAsset* m_lamp = nullptr;
+    OrvGameAsset* m_hud = nullptr;
+    OrvGameAsset* m_bar = nullptr;
+    OrvGameAsset* m_marks = nullptr;
 };
 }  // namespace
 
@@ -187,6 +308,6 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "%s: %s (%s:%d)\n", e.name, e.message, e.file, e.line);
         return 1;
     }
-    std::printf("MinimalGame: %lu turns, %d timer ticks\n", game.Turns(), game.Ticks());
+    std::printf("MinimalGame: %lu turns, %d sparks launched\n", game.Turns(), game.Sparks());
     return 0;
 }

@@ -94,9 +94,13 @@ void OrvGameAssetManager::MonitorCleanUp()
 
 void OrvGameAssetManager::DeleteGameAssets()
 {
-    while (m_gameAssets.GetSize() > 0)
-    {
-        OrvGameAsset* asset = m_gameAssets.Remove(0ul);
+    // First to last, as the list held them; taken off the list at once rather
+    // than one by one from its front.
+    std::vector<OrvGameAsset*> all;
+    all.reserve(m_gameAssets.GetSize());
+    for (unsigned int i = 0; i < m_gameAssets.GetSize(); ++i)
+        all.push_back(m_gameAssets[i]);
+    m_gameAssets.Destroy();
+    for (OrvGameAsset* asset : all)
         delete asset;
-    }
 }
