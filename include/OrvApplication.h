@@ -10,6 +10,7 @@ class OrvCursor;
 class OrvFileManager;
 class OrvGameAsset;
 class OrvGameAssetManager;
+class OrvInputManager;
 class OrvMessageManager;
 class OrvMaterialShelf;
 class OrvRenderWindow;
@@ -65,6 +66,7 @@ public:
     OrvCamera* GetWorldCamera() const { return m_worldCamera; }
     OrvCamera* GetHUDCamera() const { return m_hudCamera; }
     OrvMessageManager* GetMessageManager() const { return m_messageManager; }
+    OrvInputManager* GetInputManager() const { return m_inputManagerOwned; }
     // The perspective tree's root and the head-up display's (pixels, origin
     // at the viewport's centre while it is drawn).
     OrvGameAsset* GetWorldRoot() const { return m_worldRoot; }
@@ -117,6 +119,9 @@ private:
     OrvFileManager* m_fileManager;
     OrvTextureManager* m_textureManager;
     OrvTimerManager* m_timerManager;
+    // The one the application owns; the listener's own link (m_inputManager)
+    // points at it while the application is registered.
+    OrvInputManager* m_inputManagerOwned;
     OrvMaterialShelf* m_materialShelf;
     OrvMessageManager* m_messageManager;
     OrvRenderWindow* m_window;

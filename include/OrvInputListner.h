@@ -7,7 +7,8 @@ class OrvInputDevice;
 class OrvInputEvent;
 class OrvInputManager;
 
-// Receives the input events of the devices it listens to.
+// Receives the input events of the devices it listens to. A listener that is
+// destroyed while registered leaves its manager first.
 class OrvInputListner
 {
 public:
@@ -18,6 +19,13 @@ public:
     virtual ~OrvInputListner();
 
     virtual void ProcessInputEvent(const OrvInputEvent& event) = 0;
+
+    // Throws OrvInputException for a null device; a device may be added twice.
+    void AddInputDevice(OrvInputDevice* device);
+    // The first occurrence; an unknown device is ignored.
+    void RemoveInputDevice(OrvInputDevice* device);
+    void RemoveAllInputDevices();
+    bool IsListning(OrvInputDevice* device) const;
 
     OrvInputManager* GetInputManager() const { return m_inputManager; }
     void SetInputManager(OrvInputManager* manager) { m_inputManager = manager; }

@@ -12,6 +12,7 @@
 #include "OrvGameAsset.h"
 #include "OrvGameAssetDesc.h"
 #include "OrvGameAssetManager.h"
+#include "OrvInputManager.h"
 #include "OrvMaterialShelf.h"
 #include "OrvMessageManager.h"
 #include "OrvOpenGLRenderer.h"
@@ -46,6 +47,7 @@ OrvApplication::OrvApplication()
       m_fileManager(nullptr),
       m_textureManager(nullptr),
       m_timerManager(nullptr),
+      m_inputManagerOwned(nullptr),
       m_materialShelf(nullptr),
       m_messageManager(nullptr),
       m_window(nullptr),
@@ -66,6 +68,8 @@ OrvApplication::~OrvApplication()
 {
     DeleteAndNull(m_screenBox);
     DeleteAndNull(m_timerManager);
+    DeleteAndNull(m_inputManagerOwned);
+    m_inputManager = nullptr;
     DeleteAndNull(m_messageManager);
     DeleteAndNull(m_textureManager);
     DeleteAndNull(m_hudCamera);
@@ -146,7 +150,9 @@ void OrvApplication::Initialise(unsigned int width, unsigned int height)
     m_materialShelf = new OrvMaterialShelf();
     m_materialShelf->Init(m_renderer);
     m_messageManager = new OrvMessageManager();
-    // Input manager with this application as first listener, sprite manager.
+    m_inputManagerOwned = new OrvInputManager();
+    m_inputManagerOwned->AddListner(this);
+    // Sprite manager.
     m_timerManager = new OrvTimerManager();
     // Sound manager.
     OnInitialise();
@@ -163,7 +169,14 @@ void OrvApplication::Term()
     OnTerminate();
     // Sound manager.
     DeleteAndNull(m_timerManager);
-    // Sprite manager, input manager.
+    // Sprite manager.
+    if (m_inputManagerOwned != nullptr)
+    {
+        m_inputManagerOwned->RemoveListner(this);
+        m_inputManagerOwned->RemoveAllDevices();
+        DeleteAndNull(m_inputManagerOwned);
+        m_inputManager = nullptr;
+    }
     if (m_messageManager != nullptr)
     {
         m_messageManager->DeleteAllMessages();
@@ -208,7 +221,8 @@ void OrvApplication::MarkRoots()
 void OrvApplication::Update(float seconds)
 {
     ReportFocusChanges();
-    // Input capture.
+    if (m_inputManagerOwned != nullptr)
+        m_inputManagerOwned->Capture();
     if (m_timerManager != nullptr)
         m_timerManager->Update(seconds);
     if (!m_paused && m_worldRoot != nullptr)

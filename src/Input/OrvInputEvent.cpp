@@ -1,0 +1,7 @@
+#include "OrvInputEvent.h"
+
+OrvInputEvent::OrvInputEvent() : m_type(INPUT_MOUSE_MOVED), m_device(nullptr) {}
+
+OrvInputEvent::OrvInputEvent(OrvInputEventType type, OrvInputDevice* device) : m_type(type), m_device(device) {}
+
+OrvInputEvent::~OrvInputEvent() = default;

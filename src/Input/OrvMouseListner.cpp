@@ -1,0 +1,5 @@
+#include "OrvMouseListner.h"
+
+OrvMouseListner::OrvMouseListner() = default;
+
+OrvMouseListner::~OrvMouseListner() = default;

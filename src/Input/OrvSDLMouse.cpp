@@ -1,0 +1,67 @@
+#include "OrvSDLMouse.h"
+
+#include <SDL.h>
+
+#include "OrvInputManager.h"
+#include "OrvMouseButtonEvent.h"
+
+OrvSDLMouse::OrvSDLMouse() = default;
+
+OrvSDLMouse::~OrvSDLMouse() = default;
+
+void OrvSDLMouse::Create() {}
+
+void OrvSDLMouse::RefreshHardware() {}
+
+void OrvSDLMouse::Dispatch(const OrvInputEvent& event)
+{
+    if (m_inputManager != nullptr)
+        m_inputManager->ProcessEvent(event);
+}
+
+void OrvSDLMouse::WheelStep(int direction)
+{
+    m_relativeWheel = direction;
+    m_wheel += direction;
+    Dispatch(OrvInputEvent(INPUT_MOUSE_WHEEL, this));
+}
+
+void OrvSDLMouse::Capture()
+{
+    SDL_Event events[kEventsPerCapture];
+    const int count = SDL_PeepEvents(events, kEventsPerCapture, SDL_GETEVENT,
+                                     SDL_MOUSEMOTIONMASK | SDL_MOUSEBUTTONDOWNMASK | SDL_MOUSEBUTTONUPMASK);
+    for (int i = 0; i < count; ++i)
+    {
+        const SDL_Event& sdl = events[i];
+        if (sdl.type == SDL_MOUSEMOTION)
+        {
+            int x = 0, y = 0;
+            SDL_GetMouseState(&x, &y);
+            m_position.Set(static_cast<float>(x), static_cast<float>(y));
+            SDL_GetRelativeMouseState(&x, &y);
+            m_relative.Set(static_cast<float>(x), static_cast<float>(y));
+            Dispatch(OrvInputEvent(INPUT_MOUSE_MOVED, this));
+            continue;
+        }
+        const bool down = sdl.type == SDL_MOUSEBUTTONDOWN;
+        const OrvInputEventType type = down ? INPUT_MOUSE_BUTTON_DOWN : INPUT_MOUSE_BUTTON_UP;
+        switch (sdl.button.button)
+        {
+        case SDL_BUTTON_LEFT: Dispatch(OrvMouseButtonEvent(type, this, MOUSE_BUTTON_LEFT)); break;
+        case SDL_BUTTON_MIDDLE: Dispatch(OrvMouseButtonEvent(type, this, MOUSE_BUTTON_MIDDLE)); break;
+        case SDL_BUTTON_RIGHT: Dispatch(OrvMouseButtonEvent(type, this, MOUSE_BUTTON_RIGHT)); break;
+        case SDL_BUTTON_WHEELUP:
+            if (down)
+                WheelStep(+1);
+            break;
+        case SDL_BUTTON_WHEELDOWN:
+            if (down)
+                WheelStep(-1);
+            break;
+        default:
+            // Buttons beyond the wheel: ignored.
+            break;
+        }
+    }
+}
