@@ -3,8 +3,9 @@
 
 #include "OrvKeyboard.h"
 
-// The keyboard read from SDL's event queue, at most ten key events a frame;
-// the others wait for the next frame.
+// The keyboard read from SDL's event queue, at most ten key events a frame, taken
+// from the queue one by one: the others, and any left when a listener throws,
+// wait for the next frame.
 class OrvSDLKeyboard : public OrvKeyboard
 {
 public:

@@ -1,10 +1,11 @@
 // The example game. A world tree: a wheel of coloured quads turning about its
 // hub, a textured quad, a lamp whose state machine switches colour on delayed
-// messages it sends itself, and sparks created every half second that fly
+// messages it sends itself, and sparks created every quarter second that fly
 // off and delete themselves. A head-up display drawn in pixels on top: a bar
-// across the top and one square per live spark. It ends after a few seconds
-// measured by one of the engine's timers; with --screenshot it leaves its last
-// frame in a TGA file.
+// across the top, one square per live spark, and a marker that follows the
+// mouse. The arrow keys or a joypad's left stick move the lamp; Escape ends
+// the game, which also ends after a few seconds measured by one of the
+// engine's timers. With --screenshot it leaves its last frame in a TGA file.
 //
 //   MinimalGame [SECONDS] [--screenshot FILE]
 //
@@ -27,10 +28,15 @@
 #include "OrvGameAssetDesc.h"
 #include "OrvGameAssetManager.h"
 #include "OrvGameAssetState.h"
+#include "OrvInputManager.h"
+#include "OrvKeyboardEvent.h"
 #include "OrvMesh.h"
 #include "OrvMessage.h"
 #include "OrvMessageManager.h"
 #include "OrvRenderer.h"
+#include "OrvSDLJoypad.h"
+#include "OrvSDLKeyboard.h"
+#include "OrvSDLMouse.h"
 #include "OrvTGAImageFile.h"
 #include "OrvTexture.h"
 #include "OrvTextureManager.h"
@@ -136,6 +142,18 @@ protected:
         end->SetEndCallBack([](OrvTimer*, void* game) { static_cast<MinimalGame*>(game)->Exit(); }, this);
         end->Start();
 
+        // The devices belong to the input manager once added; the game listens to all three.
+        m_keyboard = new OrvSDLKeyboard();
+        m_mouse = new OrvSDLMouse();
+        m_joypad = new OrvSDLJoypad(0);
+        for (OrvInputDevice* device : {static_cast<OrvInputDevice*>(m_keyboard), static_cast<OrvInputDevice*>(m_mouse),
+                                       static_cast<OrvInputDevice*>(m_joypad)})
+        {
+            GetInputManager()->AddDevice(device);
+            device->Create();
+            AddInputDevice(device);
+        }
+
         OrvRenderer* renderer = GetRenderer();
         Wheel* wheel = Create<Wheel>(GetWorldRoot(), OrvVector3D(-120, 0, 0));
         for (int i = 0; i < 6; ++i)
@@ -174,6 +192,15 @@ protected:
         m_bar = Create<OrvGameAsset>(m_hud, OrvVector3D(0, 0, -0.5f));
         m_bar->SetMesh(Rectangle(renderer, 1, 1, Paint(renderer, OrvColor(40, 90, 200, 220))));
         m_marks = Create<OrvGameAsset>(m_hud, OrvVector3D(0, 0, 0));
+        m_pointer = Create<OrvGameAsset>(GetHUDRoot(), OrvVector3D(0, 0, 0));
+        m_pointer->SetMesh(Rectangle(renderer, 14, 14, Paint(renderer, OrvColor(255, 255, 255, 255))));
+        m_pointer->SetRotation(45.0f);
+    }
+
+    void ProcessInputEvent(const OrvInputEvent& event) override
+    {
+        if (event.GetType() == INPUT_KEY_DOWN && static_cast<const OrvKeyboardEvent&>(event).GetKey() == KEY_ESCAPE)
+            Exit();
     }
 
     void OnTerminate() override { m_texture->RemoveUser(); }
@@ -184,6 +211,13 @@ protected:
         // A spark every quarter of a second.
         for (m_sparkClock += seconds; m_sparkClock >= 0.25f; m_sparkClock -= 0.25f)
             LaunchSpark();
+        // Arrow keys and the left stick (up is positive) move the lamp.
+        float x = m_joypad->GetAxisValue(JOYPAD_AXIS_LEFT_X);
+        float y = m_joypad->GetAxisValue(JOYPAD_AXIS_LEFT_Y);
+        x += (m_keyboard->IsKeyDown(KEY_RIGHT) ? 1.0f : 0.0f) - (m_keyboard->IsKeyDown(KEY_LEFT) ? 1.0f : 0.0f);
+        y += (m_keyboard->IsKeyDown(KEY_UP) ? 1.0f : 0.0f) - (m_keyboard->IsKeyDown(KEY_DOWN) ? 1.0f : 0.0f);
+        if (x != 0.0f || y != 0.0f)
+            m_lamp->SetPosition(m_lamp->GetPosition() + OrvVector3D(x, y, 0.0f) * (300.0f * seconds));
         ++m_turns;
     }
 
@@ -197,6 +231,8 @@ protected:
         m_hud->SetPosition(OrvVector3D(0, height * 0.5f - 30, 0));
         m_bar->SetScale(OrvVector3D(width - 40, 36, 1));
         m_marks->SetPosition(OrvVector3D(-width * 0.5f + 50, 0, 0));
+        // The mouse counts from the top-left corner, y down; the HUD from the centre, y up.
+        m_pointer->SetPosition(OrvVector3D(m_mouse->GetX() - width * 0.5f, height * 0.5f - m_mouse->GetY(), 0));
         ShowSparkCount();
     }
 
@@ -279,6 +315,10 @@ private:
     OrvGameAsset* m_hud = nullptr;
     OrvGameAsset* m_bar = nullptr;
     OrvGameAsset* m_marks = nullptr;
+    OrvGameAsset* m_pointer = nullptr;
+    OrvSDLKeyboard* m_keyboard = nullptr;
+    OrvSDLMouse* m_mouse = nullptr;
+    OrvSDLJoypad* m_joypad = nullptr;
 };
 }  // namespace
 

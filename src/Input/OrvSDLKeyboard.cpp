@@ -80,11 +80,14 @@ OrvKey OrvSDLKeyboard::ConvertKeyCode(int sdlKey)
 
 void OrvSDLKeyboard::Capture()
 {
-    SDL_Event events[kEventsPerCapture];
-    const int count = SDL_PeepEvents(events, kEventsPerCapture, SDL_GETEVENT, SDL_KEYDOWNMASK | SDL_KEYUPMASK);
-    for (int i = 0; i < count; ++i)
+    // One at a time: when a listener throws, the events not yet dispatched
+    // are still in SDL's queue for the next frame.
+    SDL_Event taken;
+    for (int i = 0; i < kEventsPerCapture; ++i)
     {
-        const SDL_KeyboardEvent& key = events[i].key;
+        if (SDL_PeepEvents(&taken, 1, SDL_GETEVENT, SDL_KEYDOWNMASK | SDL_KEYUPMASK) <= 0)
+            break;
+        const SDL_KeyboardEvent& key = taken.key;
         OrvUnicode text;
         // The typed character, as one byte of UTF-8.
         const char byte = static_cast<char>(key.keysym.unicode & 0xFF);

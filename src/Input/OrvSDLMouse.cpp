@@ -28,12 +28,14 @@ void OrvSDLMouse::WheelStep(int direction)
 
 void OrvSDLMouse::Capture()
 {
-    SDL_Event events[kEventsPerCapture];
-    const int count = SDL_PeepEvents(events, kEventsPerCapture, SDL_GETEVENT,
-                                     SDL_MOUSEMOTIONMASK | SDL_MOUSEBUTTONDOWNMASK | SDL_MOUSEBUTTONUPMASK);
-    for (int i = 0; i < count; ++i)
+    // One at a time: when a listener throws, the events not yet dispatched
+    // are still in SDL's queue for the next frame.
+    SDL_Event sdl;
+    for (int i = 0; i < kEventsPerCapture; ++i)
     {
-        const SDL_Event& sdl = events[i];
+        if (SDL_PeepEvents(&sdl, 1, SDL_GETEVENT, SDL_MOUSEMOTIONMASK | SDL_MOUSEBUTTONDOWNMASK |
+                                                      SDL_MOUSEBUTTONUPMASK) <= 0)
+            break;
         if (sdl.type == SDL_MOUSEMOTION)
         {
             int x = 0, y = 0;

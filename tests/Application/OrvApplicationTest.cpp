@@ -13,6 +13,9 @@
 #include "OrvGameAsset.h"
 #include "OrvGameAssetDesc.h"
 #include "OrvGameAssetManager.h"
+#include "OrvInputEvent.h"
+#include "OrvInputManager.h"
+#include "OrvSDLKeyboard.h"
 #include "OrvColor.h"
 #include "OrvColoredTextureMaterial.h"
 #include "OrvEffect.h"
@@ -400,4 +403,35 @@ TEST(OrvApplication, TheTreesUpdateAndDrawAroundTheirRoots)
     EXPECT_EQ(count - 2, game.GetGameAssetManager()->GetGameAssetCount());
     game.Term();
     EXPECT_TRUE(game.GetWorldRoot()->GetToDelete()) << "Term marks the roots; the destructor destroys them";
+}
+
+TEST(OrvApplication, TheApplicationListensFirstAndLetsGoAtTerm)
+{
+    class Listening : public OrvTestGame
+    {
+    public:
+        void ProcessInputEvent(const OrvInputEvent& event) override { heard.push_back(event.GetType()); }
+        std::vector<int> heard;
+    };
+    OrvGameFolder folder;
+    Listening game;
+    game.Initialise(32, 32);
+    OrvInputManager* input = game.GetInputManager();
+    ASSERT_EQ(1u, input->GetListnerCount());
+    EXPECT_EQ(input, static_cast<OrvInputListner&>(game).GetInputManager());
+    OrvSDLKeyboard* keyboard = new OrvSDLKeyboard();
+    input->AddDevice(keyboard);
+    keyboard->Create();
+    game.AddInputDevice(keyboard);
+
+    SDL_Event key = {};
+    key.type = SDL_KEYDOWN;
+    key.key.state = SDL_PRESSED;
+    key.key.keysym.sym = SDLK_ESCAPE;
+    SDL_PushEvent(&key);
+    game.Update(0.01f);
+    EXPECT_EQ(std::vector<int>{INPUT_KEY_DOWN}, game.heard) << "captured at the start of the update";
+    game.Term();
+    EXPECT_EQ(nullptr, game.GetInputManager());
+    EXPECT_EQ(nullptr, static_cast<OrvInputListner&>(game).GetInputManager());
 }
