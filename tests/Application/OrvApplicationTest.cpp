@@ -192,7 +192,12 @@ TEST(OrvApplication, FocusChangesReportAllThreePairs)
         (state & SDL_APPINPUTFOCUS) ? "GainedFocus" : "LostFocus",
         (state & SDL_APPACTIVE) ? "Active" : "Inactive",
     };
-    EXPECT_EQ(expected, game.focus) << "reported once, on the first turn, since the remembered state starts at 0";
+    // Other windows on the same display may take the focus later on: only the
+    // first report is certain.
+    ASSERT_GE(game.focus.size(), 3u);
+    EXPECT_EQ(expected, std::vector<std::string>(game.focus.begin(), game.focus.begin() + 3))
+        << "reported on the first turn, since the remembered state starts at 0";
+    EXPECT_EQ(0u, game.focus.size() % 3) << "always the three pairs together";
 }
 
 TEST(OrvApplication, CursorListKeepsDuplicatesAndChecksIndices)
