@@ -15,6 +15,7 @@ class OrvMessageManager;
 class OrvMaterialShelf;
 class OrvRenderWindow;
 class OrvRenderer;
+class OrvSoundManager;
 class OrvTextureManager;
 class OrvTimerManager;
 
@@ -67,6 +68,7 @@ public:
     OrvCamera* GetHUDCamera() const { return m_hudCamera; }
     OrvMessageManager* GetMessageManager() const { return m_messageManager; }
     OrvInputManager* GetInputManager() const { return m_inputManagerOwned; }
+    OrvSoundManager* GetSoundManager() const { return m_soundManager; }
     // The perspective tree's root and the head-up display's (pixels, origin
     // at the viewport's centre while it is drawn).
     OrvGameAsset* GetWorldRoot() const { return m_worldRoot; }
@@ -124,6 +126,7 @@ private:
     OrvInputManager* m_inputManagerOwned;
     OrvMaterialShelf* m_materialShelf;
     OrvMessageManager* m_messageManager;
+    OrvSoundManager* m_soundManager;
     OrvRenderWindow* m_window;
     OrvGameAsset* m_worldRoot;
     OrvGameAsset* m_hudRoot;

@@ -5,7 +5,9 @@
 // across the top, one square per live spark, and a marker that follows the
 // mouse. The arrow keys or a joypad's left stick move the lamp; Escape ends
 // the game, which also ends after a few seconds measured by one of the
-// engine's timers. With --screenshot it leaves its last frame in a TGA file.
+// engine's timers. Music plays from the start (an intro, then a loop queued
+// behind it) and Space plays a blip; without an audio device all is silent.
+// With --screenshot it leaves its last frame in a TGA file.
 //
 //   MinimalGame [SECONDS] [--screenshot FILE]
 //
@@ -37,6 +39,7 @@
 #include "OrvSDLJoypad.h"
 #include "OrvSDLKeyboard.h"
 #include "OrvSDLMouse.h"
+#include "OrvSoundManager.h"
 #include "OrvTGAImageFile.h"
 #include "OrvTexture.h"
 #include "OrvTextureManager.h"
@@ -186,6 +189,10 @@ protected:
         m_lamp->GetStateMachine()->RegisterState(green);
         m_lamp->GetStateMachine()->RequestState(red);
 
+        // Music: the intro, and the loop queued to follow it on the same source.
+        GetSoundManager()->PlaySound("Intro.wav", 0.5f, false, 1);
+        GetSoundManager()->QueueSound("Music.wav", 0.5f, true, "Intro.wav", 1);
+
         // The head-up display: a bar, and a row of marks in front of it. Its
         // depth runs from 0 (nearest) to -1.
         m_hud = Create<OrvGameAsset>(GetHUDRoot(), OrvVector3D(0, 0, 0));
@@ -199,8 +206,13 @@ protected:
 
     void ProcessInputEvent(const OrvInputEvent& event) override
     {
-        if (event.GetType() == INPUT_KEY_DOWN && static_cast<const OrvKeyboardEvent&>(event).GetKey() == KEY_ESCAPE)
+        if (event.GetType() != INPUT_KEY_DOWN)
+            return;
+        const OrvKey key = static_cast<const OrvKeyboardEvent&>(event).GetKey();
+        if (key == KEY_ESCAPE)
             Exit();
+        else if (key == KEY_SPACE)
+            GetSoundManager()->PlaySound("Blip.wav", 1.0f, false, 0);
     }
 
     void OnTerminate() override { m_texture->RemoveUser(); }

@@ -17,6 +17,7 @@
 #include "OrvMessageManager.h"
 #include "OrvOpenGLRenderer.h"
 #include "OrvSDLRenderWindow.h"
+#include "OrvSoundManager.h"
 #include "OrvTextureManager.h"
 #include "OrvTime.h"
 #include "OrvTimerManager.h"
@@ -50,6 +51,7 @@ OrvApplication::OrvApplication()
       m_inputManagerOwned(nullptr),
       m_materialShelf(nullptr),
       m_messageManager(nullptr),
+      m_soundManager(nullptr),
       m_window(nullptr),
       m_worldRoot(nullptr),
       m_hudRoot(nullptr),
@@ -67,6 +69,7 @@ OrvApplication::OrvApplication()
 OrvApplication::~OrvApplication()
 {
     DeleteAndNull(m_screenBox);
+    DeleteAndNull(m_soundManager);
     DeleteAndNull(m_timerManager);
     DeleteAndNull(m_inputManagerOwned);
     m_inputManager = nullptr;
@@ -123,7 +126,7 @@ void OrvApplication::Run()
         RenderHUD();
         m_window->SwapBuffers();
         m_renderer->PostRender();
-        // Sound manager Update.
+        m_soundManager->Update();
         last = now;
         m_gameAssetManager->CleanUp();
         m_textureManager->CleanUp();
@@ -154,7 +157,7 @@ void OrvApplication::Initialise(unsigned int width, unsigned int height)
     m_inputManagerOwned->AddListner(this);
     // Sprite manager.
     m_timerManager = new OrvTimerManager();
-    // Sound manager.
+    m_soundManager = new OrvSoundManager(this);
     OnInitialise();
     m_screenBox = new OrvAxisAlignedBox(m_renderer);
     UpdateScreenBox();
@@ -167,7 +170,7 @@ void OrvApplication::Term()
     m_cursors.RemoveAll();
     DeleteAndNull(m_screenBox);
     OnTerminate();
-    // Sound manager.
+    DeleteAndNull(m_soundManager);
     DeleteAndNull(m_timerManager);
     // Sprite manager.
     if (m_inputManagerOwned != nullptr)

@@ -1,10 +1,14 @@
-// orvmedia: makes the images the engine's example and tests draw, so that no
+// orvmedia: makes the images and sounds the engine's example uses, so that no
 // media has to come from elsewhere.
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <algorithm>
+#include <fstream>
 #include <string>
+#include <vector>
 
 #include "OrvException.h"
 #include "OrvFileManager.h"
@@ -14,10 +18,13 @@ namespace
 {
 const char* const kUsage =
     "Usage: orvmedia checker OUT.tga WIDTH HEIGHT CELL\n"
+    "       orvmedia notes OUT.wav MILLISECONDS HERTZ...\n"
     "       orvmedia --help\n"
     "\n"
     "checker  a 32-bit TGA image of CELL x CELL squares, alternating a colour\n"
-    "         ramp (red across, blue up) with white, fully opaque.\n";
+    "         ramp (red across, blue up) with white, fully opaque.\n"
+    "notes    a 16-bit mono 22050 Hz WAV file playing each note (0 for a rest)\n"
+    "         for MILLISECONDS, softened at both ends.\n";
 
 const int kFailed = 1;
 const int kBadUsage = 2;
@@ -63,6 +70,48 @@ public:
     }
 };
 
+void PutLe(std::string& out, unsigned long value, int bytes)
+{
+    for (int i = 0; i < bytes; ++i)
+        out += static_cast<char>((value >> (8 * i)) & 0xFF);
+}
+
+int Notes(const std::string& out, unsigned int milliseconds, const std::vector<double>& hertz)
+{
+    const unsigned long rate = 22050;
+    const unsigned long perNote = rate * milliseconds / 1000;
+    std::string samples;
+    for (double frequency : hertz)
+        for (unsigned long i = 0; i < perNote; ++i)
+        {
+            // A short fade in and out keeps the notes from clicking.
+            const double edge = std::min(1.0, std::min(i, perNote - i) / (rate * 0.005));
+            const double value = frequency > 0 ? std::sin(2.0 * M_PI * frequency * i / rate) * 9000.0 * edge : 0.0;
+            PutLe(samples, static_cast<unsigned long>(static_cast<long>(value)) & 0xFFFF, 2);
+        }
+    std::string wav = "RIFF";
+    PutLe(wav, 36 + samples.size(), 4);
+    wav += "WAVEfmt ";
+    PutLe(wav, 16, 4);
+    PutLe(wav, 1, 2);        // PCM
+    PutLe(wav, 1, 2);        // mono
+    PutLe(wav, rate, 4);
+    PutLe(wav, rate * 2, 4); // byte rate
+    PutLe(wav, 2, 2);        // block alignment
+    PutLe(wav, 16, 2);       // bits a sample
+    wav += "data";
+    PutLe(wav, samples.size(), 4);
+    wav += samples;
+    std::ofstream file(out, std::ios::binary);
+    file.write(wav.data(), static_cast<std::streamsize>(wav.size()));
+    if (!file)
+    {
+        std::fprintf(stderr, "orvmedia: cannot write %s\n", out.c_str());
+        return kFailed;
+    }
+    return 0;
+}
+
 int Checker(const std::string& out, unsigned int width, unsigned int height, unsigned int cell)
 {
     Canvas canvas(width, height);
@@ -86,6 +135,24 @@ int main(int argc, char** argv)
     {
         std::fputs(kUsage, stdout);
         return 0;
+    }
+    if (argc >= 5 && std::strcmp(argv[1], "notes") == 0)
+    {
+        unsigned int milliseconds = 0;
+        std::vector<double> hertz;
+        bool ok = ParseSize(argv[3], milliseconds);
+        for (int i = 4; i < argc && ok; ++i)
+        {
+            char* end = nullptr;
+            hertz.push_back(std::strtod(argv[i], &end));
+            ok = end != argv[i] && *end == '\0' && hertz.back() >= 0 && hertz.back() < 20000;
+        }
+        if (!ok)
+        {
+            std::fputs(kUsage, stderr);
+            return kBadUsage;
+        }
+        return Notes(argv[2], milliseconds, hertz);
     }
     unsigned int width = 0, height = 0, cell = 0;
     if (argc != 6 || std::strcmp(argv[1], "checker") != 0 || !ParseSize(argv[3], width) ||
