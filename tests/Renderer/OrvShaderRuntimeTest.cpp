@@ -178,59 +178,6 @@ std::string ExpectRaises(CGerror error, Call call)
 }
 }  // namespace
 
-TEST_F(OrvShaderRuntimeTest, ColorShaderDrawsQuadInItsColour)
-{
-    const Effect effect = Create(ReadMedia("ColorShader.txt"));
-    Activate(effect, kSky, kHalf);
-    ClearAndDrawQuad();
-    EXPECT_TRUE(PixelIs(32, 32, 51, 153, 255));
-    EXPECT_TRUE(PixelIs(4, 4, 0, 0, 0));
-    EXPECT_TRUE(PixelIs(60, 32, 0, 0, 0));
-
-    // A new colour on the bound pair reaches the next draw.
-    SetColor(effect, 1, 0, 0);
-    ClearAndDrawQuad();
-    EXPECT_TRUE(PixelIs(32, 32, 255, 0, 0));
-}
-
-TEST_F(OrvShaderRuntimeTest, ColoredTextureShaderTintsTexture)
-{
-    const unsigned char texels[16] = {255, 0, 0, 255, 0, 255, 0, 255, 0, 0, 255, 255, 255, 255, 255, 255};
-    GLuint texture = 0;
-    glGenTextures(1, &texture);
-    glBindTexture(GL_TEXTURE_2D, texture);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, 2, 2, 0, GL_RGBA, GL_UNSIGNED_BYTE, texels);
-
-    const Effect effect = Create(ReadMedia("ColoredTextureShader.txt"));
-    EXPECT_EQ(CG_SAMPLER2D, cgGetParameterType(cgGetNamedParameter(effect.fs, "in_t2dTexture0")));
-    const float tint[3] = {1.0f, 0.5f, 0.5f};
-    Activate(effect, tint, Matrix(1, 0, 0));
-    ClearAndDrawQuad();
-    EXPECT_TRUE(PixelIs(16, 16, 255, 0, 0));
-    EXPECT_TRUE(PixelIs(48, 16, 0, 128, 0));
-    EXPECT_TRUE(PixelIs(16, 48, 0, 0, 128));
-    EXPECT_TRUE(PixelIs(48, 48, 255, 128, 128));
-    glDeleteTextures(1, &texture);
-}
-
-TEST_F(OrvShaderRuntimeTest, MatricesAreColumnMajorAndProjectionComesLast)
-{
-    const Effect effect = Create(ReadMedia("ColorShader.txt"));
-    // Model-view: half size moved right by half the screen.
-    Activate(effect, kRed, Matrix(0.5f, 0.5f, 0));
-    ClearAndDrawQuad();
-    EXPECT_TRUE(PixelIs(48, 32, 255, 0, 0));
-    EXPECT_TRUE(PixelIs(16, 32, 0, 0, 0));
-
-    // proj * modelView: the quad spans y in [-1, 0]; the other order would give [-0.75, 0.25].
-    Activate(effect, kRed, kHalf, Matrix(1, 0, -0.5f));
-    ClearAndDrawQuad();
-    EXPECT_TRUE(PixelIs(32, 4, 255, 0, 0));
-    EXPECT_TRUE(PixelIs(32, 36, 0, 0, 0));
-}
-
 TEST_F(OrvShaderRuntimeTest, CompileAndLinkErrorsRaiseThroughCallbackWithLog)
 {
     const std::string broken = "uniform vec4 in_f4Color;\n#ifdef ORV_VERTEX\nvoid VSMain() { gl_Position = "
