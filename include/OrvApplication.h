@@ -16,6 +16,7 @@ class OrvMaterialShelf;
 class OrvRenderWindow;
 class OrvRenderer;
 class OrvSoundManager;
+class OrvSpriteManager;
 class OrvTextureManager;
 class OrvTimerManager;
 
@@ -69,6 +70,7 @@ public:
     OrvMessageManager* GetMessageManager() const { return m_messageManager; }
     OrvInputManager* GetInputManager() const { return m_inputManagerOwned; }
     OrvSoundManager* GetSoundManager() const { return m_soundManager; }
+    OrvSpriteManager* GetSpriteManager() const { return m_spriteManager; }
     // The perspective tree's root and the head-up display's (pixels, origin
     // at the viewport's centre while it is drawn).
     OrvGameAsset* GetWorldRoot() const { return m_worldRoot; }
@@ -120,6 +122,7 @@ private:
     OrvCamera* m_hudCamera;
     OrvFileManager* m_fileManager;
     OrvTextureManager* m_textureManager;
+    OrvSpriteManager* m_spriteManager;
     OrvTimerManager* m_timerManager;
     // The one the application owns; the listener's own link (m_inputManager)
     // points at it while the application is registered.

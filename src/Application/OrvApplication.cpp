@@ -18,6 +18,7 @@
 #include "OrvOpenGLRenderer.h"
 #include "OrvSDLRenderWindow.h"
 #include "OrvSoundManager.h"
+#include "OrvSpriteManager.h"
 #include "OrvTextureManager.h"
 #include "OrvTime.h"
 #include "OrvTimerManager.h"
@@ -47,6 +48,7 @@ OrvApplication::OrvApplication()
       m_hudCamera(nullptr),
       m_fileManager(nullptr),
       m_textureManager(nullptr),
+      m_spriteManager(nullptr),
       m_timerManager(nullptr),
       m_inputManagerOwned(nullptr),
       m_materialShelf(nullptr),
@@ -71,6 +73,7 @@ OrvApplication::~OrvApplication()
     DeleteAndNull(m_screenBox);
     DeleteAndNull(m_soundManager);
     DeleteAndNull(m_timerManager);
+    DeleteAndNull(m_spriteManager);
     DeleteAndNull(m_inputManagerOwned);
     m_inputManager = nullptr;
     DeleteAndNull(m_messageManager);
@@ -155,7 +158,7 @@ void OrvApplication::Initialise(unsigned int width, unsigned int height)
     m_messageManager = new OrvMessageManager();
     m_inputManagerOwned = new OrvInputManager();
     m_inputManagerOwned->AddListner(this);
-    // Sprite manager.
+    m_spriteManager = new OrvSpriteManager(this);
     m_timerManager = new OrvTimerManager();
     m_soundManager = new OrvSoundManager(this);
     OnInitialise();
@@ -172,7 +175,11 @@ void OrvApplication::Term()
     OnTerminate();
     DeleteAndNull(m_soundManager);
     DeleteAndNull(m_timerManager);
-    // Sprite manager.
+    if (m_spriteManager != nullptr)
+    {
+        m_spriteManager->CleanUp();
+        DeleteAndNull(m_spriteManager);
+    }
     if (m_inputManagerOwned != nullptr)
     {
         m_inputManagerOwned->RemoveListner(this);
