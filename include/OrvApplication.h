@@ -113,8 +113,8 @@ public:
 private:
     void ReportFocusChanges();
     OrvGameAsset* CreateRoot(const char* name);
-    // Hands the three roots to the game asset manager for deletion.
-    void MarkRoots();
+    // Destroys every game asset, the roots included.
+    void DestroyGameAssets();
 
     OrvGameAssetManager* m_gameAssetManager;
     OrvRenderer* m_renderer;

@@ -71,6 +71,7 @@ OrvApplication::OrvApplication()
 OrvApplication::~OrvApplication()
 {
     DeleteAndNull(m_screenBox);
+    DestroyGameAssets();
     DeleteAndNull(m_soundManager);
     DeleteAndNull(m_timerManager);
     DeleteAndNull(m_spriteManager);
@@ -80,10 +81,6 @@ OrvApplication::~OrvApplication()
     DeleteAndNull(m_textureManager);
     DeleteAndNull(m_hudCamera);
     DeleteAndNull(m_worldCamera);
-    if (m_gameAssetManager != nullptr)
-        MarkRoots();
-    // The assets still registered go with their manager; their bounding boxes
-    // give their materials back to the shelf, which therefore goes after it.
     DeleteAndNull(m_gameAssetManager);
     DeleteAndNull(m_materialShelf);
     DeleteAndNull(m_renderer);
@@ -173,6 +170,7 @@ void OrvApplication::Term()
     m_cursors.RemoveAll();
     DeleteAndNull(m_screenBox);
     OnTerminate();
+    DestroyGameAssets();
     DeleteAndNull(m_soundManager);
     DeleteAndNull(m_timerManager);
     if (m_spriteManager != nullptr)
@@ -199,8 +197,6 @@ void OrvApplication::Term()
     }
     DeleteAndNull(m_hudCamera);
     DeleteAndNull(m_worldCamera);
-    if (m_gameAssetManager != nullptr)
-        MarkRoots();
     DeleteAndNull(m_renderer);
     if (m_fileManager != nullptr)
     {
@@ -217,15 +213,15 @@ OrvGameAsset* OrvApplication::CreateRoot(const char* name)
     return m_gameAssetManager->CreateGameAsset<OrvGameAsset, OrvGameAssetDesc>(&desc);
 }
 
-void OrvApplication::MarkRoots()
+void OrvApplication::DestroyGameAssets()
 {
-    // Marked only: the manager destroys them (and what hangs below) later.
-    if (m_debugRoot != nullptr)
-        m_gameAssetManager->DeleteGameAsset(m_debugRoot);
-    if (m_hudRoot != nullptr)
-        m_gameAssetManager->DeleteGameAsset(m_hudRoot);
-    if (m_worldRoot != nullptr)
-        m_gameAssetManager->DeleteGameAsset(m_worldRoot);
+    // Every asset goes while the managers it may lean on (sprites, textures,
+    // input, messages, the material shelf) still exist.
+    if (m_gameAssetManager != nullptr)
+        m_gameAssetManager->DeleteGameAssets();
+    m_worldRoot = nullptr;
+    m_hudRoot = nullptr;
+    m_debugRoot = nullptr;
 }
 
 void OrvApplication::Update(float seconds)

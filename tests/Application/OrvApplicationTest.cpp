@@ -407,7 +407,8 @@ TEST(OrvApplication, TheTreesUpdateAndDrawAroundTheirRoots)
     game.RenderWorld();
     EXPECT_EQ(count - 2, game.GetGameAssetManager()->GetGameAssetCount());
     game.Term();
-    EXPECT_TRUE(game.GetWorldRoot()->GetToDelete()) << "Term marks the roots; the destructor destroys them";
+    EXPECT_EQ(nullptr, game.GetWorldRoot()) << "Term destroys the game's assets before the managers they use";
+    EXPECT_EQ(0u, game.GetGameAssetManager()->GetGameAssetCount());
 }
 
 TEST(OrvApplication, TheApplicationListensFirstAndLetsGoAtTerm)

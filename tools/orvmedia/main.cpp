@@ -10,6 +10,9 @@
 #include <string>
 #include <vector>
 
+#include <ft2build.h>
+#include FT_FREETYPE_H
+
 #include "OrvException.h"
 #include "OrvFileManager.h"
 #include "OrvTGAImageFile.h"
@@ -19,12 +22,19 @@ namespace
 const char* const kUsage =
     "Usage: orvmedia checker OUT.tga WIDTH HEIGHT CELL\n"
     "       orvmedia notes OUT.wav MILLISECONDS HERTZ...\n"
+    "       orvmedia sheet OUT.tga\n"
+    "       orvmedia font OUT.tga FONT.ttf CELL\n"
     "       orvmedia --help\n"
     "\n"
     "checker  a 32-bit TGA image of CELL x CELL squares, alternating a colour\n"
     "         ramp (red across, blue up) with white, fully opaque.\n"
     "notes    a 16-bit mono 22050 Hz WAV file playing each note (0 for a rest)\n"
-    "         for MILLISECONDS, softened at both ends.\n";
+    "         for MILLISECONDS, softened at both ends.\n"
+    "sheet    a 256 x 128 sprite sheet: four 64 x 64 frames of a walking figure\n"
+    "         along the top, four of a growing puff below them.\n"
+    "font     a 16 x 16 grid of CELL-pixel cells holding the glyphs of codes 32\n"
+    "         to 255 (Latin-1) from the font file, row by row from the top, white\n"
+    "         with the glyph's coverage as alpha.\n";
 
 const int kFailed = 1;
 const int kBadUsage = 2;
@@ -59,6 +69,13 @@ public:
         pixel[1] = g;
         pixel[2] = b;
         pixel[3] = a;
+    }
+
+    // (x, row) with rows counted from the image's top, as sprite origins are.
+    void PutTop(int x, int row, unsigned char r, unsigned char g, unsigned char b, unsigned char a)
+    {
+        if (x >= 0 && row >= 0 && x < static_cast<int>(m_width) && row < static_cast<int>(m_height))
+            Put(static_cast<unsigned int>(x), m_height - 1 - static_cast<unsigned int>(row), r, g, b, a);
     }
 
     void SaveAs(const std::string& name)
@@ -112,6 +129,108 @@ int Notes(const std::string& out, unsigned int milliseconds, const std::vector<d
     return 0;
 }
 
+// A disc of radius r around (cx, cy), rows from the top.
+void Disc(Canvas& canvas, float cx, float cy, float r, const unsigned char rgba[4])
+{
+    for (int y = static_cast<int>(cy - r); y <= static_cast<int>(cy + r); ++y)
+        for (int x = static_cast<int>(cx - r); x <= static_cast<int>(cx + r); ++x)
+            if ((x - cx) * (x - cx) + (y - cy) * (y - cy) <= r * r)
+                canvas.PutTop(x, y, rgba[0], rgba[1], rgba[2], rgba[3]);
+}
+
+// A thick line from (x0, y0) to (x1, y1), rows from the top.
+void Stroke(Canvas& canvas, float x0, float y0, float x1, float y1, float width, const unsigned char rgba[4])
+{
+    const int steps = 64;
+    for (int i = 0; i <= steps; ++i)
+    {
+        const float t = static_cast<float>(i) / steps;
+        Disc(canvas, x0 + (x1 - x0) * t, y0 + (y1 - y0) * t, width * 0.5f, rgba);
+    }
+}
+
+int Sheet(const std::string& out)
+{
+    Canvas canvas(256, 128);
+    const unsigned char skin[4] = {250, 205, 160, 255};
+    const unsigned char shirt[4] = {60, 120, 230, 255};
+    const unsigned char legs[4] = {40, 40, 70, 255};
+    for (int frame = 0; frame < 4; ++frame)
+    {
+        const float left = 64.0f * frame;
+        const float swing = std::sin(frame * M_PI / 2.0) * 12.0f;
+        Stroke(canvas, left + 32, 40, left + 32 - swing, 62, 7, legs);
+        Stroke(canvas, left + 32, 40, left + 32 + swing, 62, 7, legs);
+        Stroke(canvas, left + 32, 20, left + 32, 42, 14, shirt);
+        Stroke(canvas, left + 32, 24, left + 32 + swing, 38, 5, skin);
+        Disc(canvas, left + 32, 12, 9, skin);
+
+        const float radius = 8.0f + 7.0f * frame;
+        const unsigned char puff[4] = {255, static_cast<unsigned char>(230 - 40 * frame), 80,
+                                       static_cast<unsigned char>(255 - 50 * frame)};
+        Disc(canvas, left + 32, 96, radius, puff);
+    }
+    canvas.SaveAs(out);
+    return 0;
+}
+
+int Font(const std::string& out, const std::string& fontFile, unsigned int cell)
+{
+    FT_Library library = nullptr;
+    FT_Face face = nullptr;
+    if (FT_Init_FreeType(&library) != 0 || FT_New_Face(library, fontFile.c_str(), 0, &face) != 0)
+    {
+        std::fprintf(stderr, "orvmedia: cannot open the font %s\n", fontFile.c_str());
+        if (library != nullptr)
+            FT_Done_FreeType(library);
+        return kFailed;
+    }
+    FT_Set_Pixel_Sizes(face, 0, cell * 3 / 4);
+    Canvas canvas(16 * cell, 16 * cell);
+    const int baseline = static_cast<int>(cell) * 3 / 4;
+    for (unsigned int code = 32; code < 256; ++code)
+    {
+        // Delete and the second block of control codes have no glyph: their cells stay empty.
+        if ((code >= 127 && code < 160) || FT_Load_Char(face, code, FT_LOAD_RENDER) != 0)
+            continue;
+        const FT_GlyphSlot glyph = face->glyph;
+        const unsigned int index = code - 32;
+        const int left = static_cast<int>((index % 16) * cell) +
+                         (static_cast<int>(cell) - static_cast<int>(glyph->bitmap.width)) / 2;
+        const int top = static_cast<int>((index / 16) * cell) + baseline - glyph->bitmap_top;
+        for (unsigned int y = 0; y < glyph->bitmap.rows; ++y)
+            for (unsigned int x = 0; x < glyph->bitmap.width; ++x)
+            {
+                const unsigned char coverage = glyph->bitmap.buffer[y * glyph->bitmap.pitch + x];
+                // Only inside the glyph's own cell.
+                const int cellX = left + static_cast<int>(x) - static_cast<int>((index % 16) * cell);
+                const int cellY = top + static_cast<int>(y) - static_cast<int>((index / 16) * cell);
+                if (coverage != 0 && cellX >= 0 && cellY >= 0 && cellX < static_cast<int>(cell) &&
+                    cellY < static_cast<int>(cell))
+                    canvas.PutTop(left + static_cast<int>(x), top + static_cast<int>(y), 255, 255, 255, coverage);
+            }
+    }
+    FT_Done_Face(face);
+    FT_Done_FreeType(library);
+    canvas.SaveAs(out);
+    return 0;
+}
+
+// Runs a generator, reporting the engine's failures.
+template <class Generator>
+int Run(Generator generate)
+{
+    try
+    {
+        return generate();
+    }
+    catch (const OrvException& e)
+    {
+        std::fprintf(stderr, "orvmedia: %s\n", e.message);
+        return kFailed;
+    }
+}
+
 int Checker(const std::string& out, unsigned int width, unsigned int height, unsigned int cell)
 {
     Canvas canvas(width, height);
@@ -135,6 +254,18 @@ int main(int argc, char** argv)
     {
         std::fputs(kUsage, stdout);
         return 0;
+    }
+    if (argc == 3 && std::strcmp(argv[1], "sheet") == 0)
+        return Run([&] { return Sheet(argv[2]); });
+    if (argc == 5 && std::strcmp(argv[1], "font") == 0)
+    {
+        unsigned int cell = 0;
+        if (!ParseSize(argv[4], cell) || cell > 256)
+        {
+            std::fputs(kUsage, stderr);
+            return kBadUsage;
+        }
+        return Run([&] { return Font(argv[2], argv[3], cell); });
     }
     if (argc >= 5 && std::strcmp(argv[1], "notes") == 0)
     {
@@ -161,13 +292,5 @@ int main(int argc, char** argv)
         std::fputs(kUsage, stderr);
         return kBadUsage;
     }
-    try
-    {
-        return Checker(argv[2], width, height, cell);
-    }
-    catch (const OrvException& e)
-    {
-        std::fprintf(stderr, "orvmedia: %s\n", e.message);
-        return kFailed;
-    }
+    return Run([&] { return Checker(argv[2], width, height, cell); });
 }
