@@ -58,6 +58,8 @@ void OrvSpriteAnimationMesh::SetSpriteAnimationFrame(OrvSpriteAnimationFrame* fr
         GetVertex(i)->SetUV(OrvVector2D(corners[i][2], corners[i][3]));
     }
     BuildBoundingVolumes();
-    if (auto* material = dynamic_cast<OrvColoredTextureMaterial*>(GetMaterial()))
+    // A mesh without renderer has a material without pass, so no texture to set.
+    auto* material = dynamic_cast<OrvColoredTextureMaterial*>(GetMaterial());
+    if (material != nullptr && material->GetPassCount() > 0)
         material->SetTexture(texture);
 }

@@ -156,6 +156,35 @@ inline ::testing::AssertionResult PixelIs(int x, int y, unsigned int rgb)
     return ::testing::AssertionSuccess();
 }
 
+// A 32-bit TGA file of width × height whose pixel (x, row from the top) is
+// rgba(x, row) as 0xRRGGBBAA.
+template <class Pixel>
+inline void SaveTGA(const std::string& name, unsigned int width, unsigned int height, Pixel rgba)
+{
+    class Image : public OrvTGAImageFile
+    {
+    public:
+        unsigned char* Pixels() { return m_data; }
+    } image;
+    image.SetImageTypeCode(2);
+    image.SetImagePixelSize(32);
+    image.SetWidth(width);
+    image.SetHeight(height);
+    image.ResetImageData();
+    for (unsigned int row = 0; row < height; ++row)
+        for (unsigned int x = 0; x < width; ++x)
+        {
+            const unsigned int value = rgba(x, row);
+            unsigned char* pixel = image.Pixels() + ((height - 1 - row) * width + x) * 4;
+            for (int c = 0; c < 4; ++c)
+                pixel[c] = static_cast<unsigned char>(value >> (24 - 8 * c));
+        }
+    OrvFileManager files;
+    image.Create(&files, 1);
+    image.Save(name.c_str(), OrvFile::SAVE_DEFAULT);
+    image.Close();
+}
+
 // A 2 × 2 RGBA image: red, green (bottom row), blue, white (top row), opaque.
 class OrvQuadColoursImage : public OrvTGAImageFile
 {
