@@ -3,7 +3,9 @@
 // messages it sends itself, and sparks created every quarter second that fly
 // off and delete themselves. A head-up display drawn in pixels on top: a bar
 // across the top, one square per live spark, and a marker that follows the
-// mouse. The arrow keys or a joypad's left stick move the lamp; Escape ends
+// mouse. Sprites from a sprite set walk across (one mirrored), a puff chains
+// into a walk, and a centred block of text is drawn with a bitmap font. The
+// arrow keys or a joypad's left stick move the lamp; Escape ends
 // the game, which also ends after a few seconds measured by one of the
 // engine's timers. Music plays from the start (an intro, then a loop queued
 // behind it) and Space plays a blip; without an audio device all is silent.
@@ -26,6 +28,8 @@
 #include "OrvColoredTextureMaterial.h"
 #include "OrvException.h"
 #include "OrvFileManager.h"
+#include "OrvFont.h"
+#include "OrvFontDesc.h"
 #include "OrvGameAsset.h"
 #include "OrvGameAssetDesc.h"
 #include "OrvGameAssetManager.h"
@@ -40,6 +44,9 @@
 #include "OrvSDLKeyboard.h"
 #include "OrvSDLMouse.h"
 #include "OrvSoundManager.h"
+#include "OrvSpriteAnimationMesh.h"
+#include "OrvSpriteAnimationPlayer.h"
+#include "OrvSpriteManager.h"
 #include "OrvTGAImageFile.h"
 #include "OrvTexture.h"
 #include "OrvTextureManager.h"
@@ -95,6 +102,36 @@ public:
 
 private:
     float m_age = 0.0f;
+};
+
+// A game asset showing a sprite animation: its player runs with the turns and
+// its quad shows the frame the player is on. Walkers move and wrap around.
+class SpriteActor : public OrvGameAsset
+{
+public:
+    OrvSpriteAnimationPlayer& Player() { return m_player; }
+    void SetSpeed(float speed) { m_speed = speed; }
+
+    void Update(float seconds) override
+    {
+        m_player.AddTime(seconds);
+        if (auto* quad = dynamic_cast<OrvSpriteAnimationMesh*>(GetMesh()))
+            quad->SetSpriteAnimationFrame(m_player.GetCurrentFrame(), m_player.GetMirrorX(), m_player.GetMirrorY());
+        if (m_speed != 0.0f)
+        {
+            OrvVector3D position = GetPosition() + OrvVector3D(m_speed * seconds, 0, 0);
+            if (position.X > 450.0f)
+                position.X = -450.0f;
+            else if (position.X < -450.0f)
+                position.X = 450.0f;
+            SetPosition(position);
+        }
+        OrvGameAsset::Update(seconds);
+    }
+
+private:
+    OrvSpriteAnimationPlayer m_player;
+    float m_speed = 0.0f;
 };
 
 // One colour of the lamp. On entering it asks, by a message to its own asset
@@ -193,6 +230,29 @@ protected:
         GetSoundManager()->PlaySound("Intro.wav", 0.5f, false, 1);
         GetSoundManager()->QueueSound("Music.wav", 0.5f, true, "Intro.wav", 1);
 
+        // Sprites: two walkers, one of them mirrored, and a puff that turns into a walk.
+        OrvSpriteManager* sprites = GetSpriteManager();
+        OrvSpriteAnimation* walk = sprites->ImportSpriteAnimation("walk");
+        OrvSpriteAnimation* puff = sprites->ImportSpriteAnimation("puff");
+        SpriteActor* right = CreateActor(OrvVector3D(-300, -250, 20), 90.0f);
+        right->Player().SetSpriteAnimation(walk, false, false);
+        SpriteActor* left = CreateActor(OrvVector3D(300, -250, 20), -70.0f);
+        left->Player().SetSpriteAnimation(walk, true, false);
+        m_puffer = CreateActor(OrvVector3D(0, 160, 20), 0.0f);
+        m_puffer->Player().SetSpriteAnimation(puff, false, false);
+        m_puffer->Player().SetNextSpriteAnimation(walk, true, false);
+
+        // Text: a bitmap font made from DejaVu Sans Mono, 32-pixel cells.
+        OrvFontDesc font;
+        font.fileName = "Font.tga";
+        font.imageWidth = font.imageHeight = 512;
+        font.symbolWidth = font.symbolHeight = 32;
+        font.symbolSpacing = 6;
+        font.sizeCoef = 0.5f;
+        m_font = new OrvFont();
+        m_font->Create(this, font);
+        m_font->SetColor(OrvColor(255, 240, 200, 255));
+
         // The head-up display: a bar, and a row of marks in front of it. Its
         // depth runs from 0 (nearest) to -1.
         m_hud = Create<OrvGameAsset>(GetHUDRoot(), OrvVector3D(0, 0, 0));
@@ -215,7 +275,12 @@ protected:
             GetSoundManager()->PlaySound("Blip.wav", 1.0f, false, 0);
     }
 
-    void OnTerminate() override { m_texture->RemoveUser(); }
+    void OnTerminate() override
+    {
+        m_texture->RemoveUser();
+        delete m_font;
+        m_font = nullptr;
+    }
 
     void Update(float seconds) override
     {
@@ -223,6 +288,13 @@ protected:
         // A spark every quarter of a second.
         for (m_sparkClock += seconds; m_sparkClock >= 0.25f; m_sparkClock -= 0.25f)
             LaunchSpark();
+        // Every two seconds the puff goes off again, then walks on.
+        for (m_puffClock += seconds; m_puffClock >= 2.0f; m_puffClock -= 2.0f)
+        {
+            m_puffer->Player().SetSpriteAnimation(GetSpriteManager()->GetSpriteAnimation("puff"), false, false);
+            m_puffer->Player().SetIsPlaying(true);
+            m_puffer->Player().SetNextSpriteAnimation(GetSpriteManager()->GetSpriteAnimation("walk"), true, false);
+        }
         // Arrow keys and the left stick (up is positive) move the lamp.
         float x = m_joypad->GetAxisValue(JOYPAD_AXIS_LEFT_X);
         float y = m_joypad->GetAxisValue(JOYPAD_AXIS_LEFT_Y);
@@ -232,8 +304,6 @@ protected:
             m_lamp->SetPosition(m_lamp->GetPosition() + OrvVector3D(x, y, 0.0f) * (300.0f * seconds));
         ++m_turns;
     }
-
-    void OnRenderWorld() override {}
 
     void OnRenderHUD() override
     {
@@ -246,7 +316,14 @@ protected:
         // The mouse counts from the top-left corner, y down; the HUD from the centre, y up.
         m_pointer->SetPosition(OrvVector3D(m_mouse->GetX() - width * 0.5f, height * 0.5f - m_mouse->GetY(), 0));
         ShowSparkCount();
+        // A centred block of text below the bar, in pixels from the lower left.
+        GetRenderer()->PushMatrix(TRANS_MATRIX_MODEL);
+        GetRenderer()->TranslateMatrix(TRANS_MATRIX_MODEL, OrvVector3D(width * 0.5f, height - 90, 0));
+        m_font->RenderText("The Tarnwick\nsprites, sounds, text and input\nEscape quits", FONT_ALIGN_CENTER);
+        GetRenderer()->DiscardMatrix(TRANS_MATRIX_MODEL);
     }
+
+    void OnRenderWorld() override {}
 
     void RenderHUD() override
     {
@@ -265,6 +342,14 @@ private:
         T* asset = GetGameAssetManager()->CreateGameAsset<T, OrvGameAssetDesc>(&desc);
         asset->AttachTo(parent);
         return asset;
+    }
+
+    SpriteActor* CreateActor(const OrvVector3D& position, float speed)
+    {
+        SpriteActor* actor = Create<SpriteActor>(GetWorldRoot(), position);
+        actor->SetMesh(new OrvSpriteAnimationMesh(GetRenderer()));
+        actor->SetSpeed(speed);
+        return actor;
     }
 
     void LaunchSpark()
@@ -321,6 +406,9 @@ private:
     unsigned long m_turns = 0;
     int m_sparksMade = 0;
     float m_sparkClock = 0.0f;
+    float m_puffClock = 0.0f;
+    SpriteActor* m_puffer = nullptr;
+    OrvFont* m_font = nullptr;
     unsigned int m_shownSparks = 0;
     OrvTexture* m_texture = nullptr;
     OrvGameAsset* m_lamp = nullptr;
