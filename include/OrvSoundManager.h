@@ -87,6 +87,9 @@ private:
     void LoadIntoBuffer(const OrvUnicode& name, int index);
     // Gain, pitch 1, the buffer queued, played.
     void StartOnSource(int source, int buffer, float gain);
+    // A float parameter of the source playing the sound; nothing (0) without one.
+    void SetSourceFloat(const OrvUnicode& name, int parameter, float value);
+    float GetSourceFloat(const OrvUnicode& name, int parameter) const;
 
     void (*m_sndOpCallback)(void*);
     void* m_sndOpUserData;

@@ -361,42 +361,43 @@ void OrvSoundManager::SetIsActivated(bool activated)
         StopAllSounds();
 }
 
-void OrvSoundManager::SetGain(const OrvUnicode& name, float gain)
+void OrvSoundManager::SetSourceFloat(const OrvUnicode& name, int parameter, float value)
 {
     const int index = GetSourceIndex(name);
     if (!ValidIndex(index))
         return;
-    alSourcef(m_sources[index], AL_GAIN, gain);
+    alSourcef(m_sources[index], parameter, value);
     CheckALError();
+}
+
+float OrvSoundManager::GetSourceFloat(const OrvUnicode& name, int parameter) const
+{
+    const int index = GetSourceIndex(name);
+    if (!ValidIndex(index))
+        return 0.0f;
+    ALfloat value = 0.0f;
+    alGetSourcef(m_sources[index], parameter, &value);
+    return value;
+}
+
+void OrvSoundManager::SetGain(const OrvUnicode& name, float gain)
+{
+    SetSourceFloat(name, AL_GAIN, gain);
 }
 
 void OrvSoundManager::SetPitch(const OrvUnicode& name, float pitch)
 {
-    const int index = GetSourceIndex(name);
-    if (!ValidIndex(index))
-        return;
-    alSourcef(m_sources[index], AL_PITCH, pitch);
-    CheckALError();
+    SetSourceFloat(name, AL_PITCH, pitch);
 }
 
 float OrvSoundManager::GetGain(const OrvUnicode& name) const
 {
-    const int index = GetSourceIndex(name);
-    if (!ValidIndex(index))
-        return 0.0f;
-    ALfloat gain = 0.0f;
-    alGetSourcef(m_sources[index], AL_GAIN, &gain);
-    return gain;
+    return GetSourceFloat(name, AL_GAIN);
 }
 
 float OrvSoundManager::GetPitch(const OrvUnicode& name) const
 {
-    const int index = GetSourceIndex(name);
-    if (!ValidIndex(index))
-        return 0.0f;
-    ALfloat pitch = 0.0f;
-    alGetSourcef(m_sources[index], AL_PITCH, &pitch);
-    return pitch;
+    return GetSourceFloat(name, AL_PITCH);
 }
 
 bool OrvSoundManager::IsSoundPlaying(const OrvUnicode& name) const
