@@ -3,7 +3,8 @@
 // messages it sends itself, and sparks created every quarter second that fly
 // off and delete themselves. A head-up display drawn in pixels on top: a bar
 // across the top, one square per live spark, and a marker that follows the
-// mouse. Sprites from a sprite set walk across (one mirrored), a puff chains
+// mouse. A small flock steers around the lamp: one seeks it, one flees, one
+// pursues, one evades and one wanders. Sprites from a sprite set walk across (one mirrored), a puff chains
 // into a walk, and a centred block of text is drawn with a bitmap font. The
 // arrow keys or a joypad's left stick move the lamp; Escape ends
 // the game, which also ends after a few seconds measured by one of the
@@ -20,7 +21,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "OrvApplication.h"
 #include "OrvColor.h"
@@ -39,6 +42,8 @@
 #include "OrvMesh.h"
 #include "OrvMessage.h"
 #include "OrvMessageManager.h"
+#include "OrvMovingGameAsset.h"
+#include "OrvMovingGameAssetDesc.h"
 #include "OrvRenderer.h"
 #include "OrvSDLJoypad.h"
 #include "OrvSDLKeyboard.h"
@@ -47,6 +52,12 @@
 #include "OrvSpriteAnimationMesh.h"
 #include "OrvSpriteAnimationPlayer.h"
 #include "OrvSpriteManager.h"
+#include "OrvSteeringBehaviorEvade.h"
+#include "OrvSteeringBehaviorFlee.h"
+#include "OrvSteeringBehaviorPursuit.h"
+#include "OrvSteeringBehaviorSeek.h"
+#include "OrvSteeringBehaviorWander.h"
+#include "OrvSteeringBehaviors.h"
 #include "OrvTGAImageFile.h"
 #include "OrvTexture.h"
 #include "OrvTextureManager.h"
@@ -134,6 +145,18 @@ private:
     float m_speed = 0.0f;
 };
 
+// The player's steering: towards the velocity the keys or the stick ask for.
+class Steer : public OrvSteeringBehavior
+{
+public:
+    OrvVector3D input;
+    OrvVector3D Compute() override
+    {
+        const OrvMovingGameAsset* owner = GetSteeringBehaviors()->GetOwner();
+        return (input * owner->GetMaxSpeed() - owner->GetVelocity()) * (owner->GetMass() * 8.0f);
+    }
+};
+
 // One colour of the lamp. On entering it asks, by a message to its own asset
 // one second later, to be replaced by the other colour.
 class LampColour : public OrvGameAssetState
@@ -215,7 +238,12 @@ protected:
                                    new OrvColoredTextureMaterial(renderer, m_texture, OrvColor(1.0f, 1.0f, 1.0f, 1.0f))));
         picture->RefreshPosition(true);
 
-        m_lamp = Create<OrvGameAsset>(GetWorldRoot(), OrvVector3D(230, -190, 10));
+        OrvMovingGameAssetDesc lampDesc;
+        lampDesc.position.Set(230, -190, 10);
+        lampDesc.maxSpeed = 300.0f;
+        m_lamp = GetGameAssetManager()->CreateGameAsset<OrvMovingGameAsset, OrvMovingGameAssetDesc>(&lampDesc);
+        m_lamp->AttachTo(GetWorldRoot());
+        m_lamp->GetSteeringBehaviors()->AddSteeringBehavior(&m_steer);
         m_lamp->SetMesh(Rectangle(renderer, 90, 90, Paint(renderer, OrvColor())));
         m_lamp->RefreshPosition(true);
         LampColour* red = new LampColour(m_lamp, OrvColor(230, 40, 40, 255), GetMessageManager());
@@ -229,6 +257,8 @@ protected:
         // Music: the intro, and the loop queued to follow it on the same source.
         GetSoundManager()->PlaySound("Intro.wav", 0.5f, false, 1);
         GetSoundManager()->QueueSound("Music.wav", 0.5f, true, "Intro.wav", 1);
+
+        CreateFlock();
 
         // Sprites: two walkers, one of them mirrored, and a puff that turns into a walk.
         OrvSpriteManager* sprites = GetSpriteManager();
@@ -277,6 +307,8 @@ protected:
 
     void OnTerminate() override
     {
+        // The behaviours leave their assets' combiners as they go.
+        m_behaviors.clear();
         m_texture->RemoveUser();
         delete m_font;
         m_font = nullptr;
@@ -300,8 +332,12 @@ protected:
         float y = m_joypad->GetAxisValue(JOYPAD_AXIS_LEFT_Y);
         x += (m_keyboard->IsKeyDown(KEY_RIGHT) ? 1.0f : 0.0f) - (m_keyboard->IsKeyDown(KEY_LEFT) ? 1.0f : 0.0f);
         y += (m_keyboard->IsKeyDown(KEY_UP) ? 1.0f : 0.0f) - (m_keyboard->IsKeyDown(KEY_DOWN) ? 1.0f : 0.0f);
-        if (x != 0.0f || y != 0.0f)
-            m_lamp->SetPosition(m_lamp->GetPosition() + OrvVector3D(x, y, 0.0f) * (300.0f * seconds));
+        m_steer.input = OrvVector3D(x, y, 0.0f);
+        m_seek->SetTarget(m_lamp->GetPosition());
+        m_flee->SetTarget(m_lamp->GetPosition());
+        for (OrvMovingGameAsset* boid : m_flock)
+            KeepOnScreen(boid);
+        KeepOnScreen(m_lamp);
         ++m_turns;
     }
 
@@ -350,6 +386,63 @@ private:
         actor->SetMesh(new OrvSpriteAnimationMesh(GetRenderer()));
         actor->SetSpeed(speed);
         return actor;
+    }
+
+    // Five boids around the lamp, each with its behaviour.
+    void CreateFlock()
+    {
+        m_seek = Own(new OrvSteeringBehaviorSeek());
+        m_flee = Own(new OrvSteeringBehaviorFlee());
+        m_flee->SetPanicDistanceSqr(250.0f * 250.0f);
+        OrvSteeringBehaviorPursuit* pursuit = Own(new OrvSteeringBehaviorPursuit());
+        pursuit->SetEvader(m_lamp);
+        OrvSteeringBehaviorEvade* evade = Own(new OrvSteeringBehaviorEvade());
+        evade->AddPursurer(m_lamp);
+        evade->SetFriendlyDistance(250.0f);
+        OrvSteeringBehaviorWander* wander = Own(new OrvSteeringBehaviorWander());
+        wander->SetWanderJitter(3.0f);
+        const struct
+        {
+            OrvSteeringBehavior* behavior;
+            OrvColor color;
+            float x, y;
+        } boids[] = {{m_seek, OrvColor(255, 80, 80, 255), -350, 250},   {m_flee, OrvColor(80, 255, 80, 255), 0, -100},
+                     {pursuit, OrvColor(255, 150, 0, 255), 350, 250}, {evade, OrvColor(80, 160, 255, 255), 100, -250},
+                     {wander, OrvColor(220, 80, 255, 255), -300, -200}};
+        for (const auto& boid : boids)
+        {
+            OrvMovingGameAssetDesc desc;
+            desc.position.Set(boid.x, boid.y, 15);
+            desc.maxSpeed = 120.0f;
+            OrvMovingGameAsset* asset =
+                GetGameAssetManager()->CreateGameAsset<OrvMovingGameAsset, OrvMovingGameAssetDesc>(&desc);
+            asset->AttachTo(GetWorldRoot());
+            asset->SetMesh(Rectangle(GetRenderer(), 36, 20, Paint(GetRenderer(), boid.color)));
+            asset->RefreshPosition(true);
+            asset->GetSteeringBehaviors()->AddSteeringBehavior(boid.behavior);
+            m_flock.push_back(asset);
+        }
+    }
+
+    template <class B>
+    B* Own(B* behavior)
+    {
+        m_behaviors.emplace_back(behavior);
+        return behavior;
+    }
+
+    // Wraps around the edges of what the camera sees, and faces where it goes.
+    static void KeepOnScreen(OrvMovingGameAsset* asset)
+    {
+        OrvVector3D position = asset->GetPosition();
+        if (position.X > 460.0f || position.X < -460.0f)
+            position.X = position.X > 0.0f ? -450.0f : 450.0f;
+        if (position.Y > 340.0f || position.Y < -340.0f)
+            position.Y = position.Y > 0.0f ? -330.0f : 330.0f;
+        asset->SetPosition(position);
+        const OrvVector3D heading = asset->GetDirection();
+        if (heading != OrvVector3D(0.0f, 0.0f, 0.0f) && asset->GetStateMachine()->GetCurrentState() == nullptr)
+            asset->SetRotation(std::atan2(heading.Y, heading.X) * 57.29578f);
     }
 
     void LaunchSpark()
@@ -411,7 +504,12 @@ private:
     OrvFont* m_font = nullptr;
     unsigned int m_shownSparks = 0;
     OrvTexture* m_texture = nullptr;
-    OrvGameAsset* m_lamp = nullptr;
+    OrvMovingGameAsset* m_lamp = nullptr;
+    Steer m_steer;
+    std::vector<std::unique_ptr<OrvSteeringBehavior>> m_behaviors;
+    std::vector<OrvMovingGameAsset*> m_flock;
+    OrvSteeringBehaviorSeek* m_seek = nullptr;
+    OrvSteeringBehaviorFlee* m_flee = nullptr;
     OrvGameAsset* m_hud = nullptr;
     OrvGameAsset* m_bar = nullptr;
     OrvGameAsset* m_marks = nullptr;
