@@ -18,7 +18,9 @@ enum OrvFontAlign : int
 // Text drawn with a fixed-cell bitmap font: one texture holds every glyph in a
 // grid (codes 32 to 255 in cells 0 to 223, row by row from the image's top;
 // any other code shows cell 254), each character one textured quad in the
-// current model space. Line n is drawn 2 × symbol height × size lower than
+// current model space. A font holds a user of its texture until it is
+// destroyed, which must happen while the application's texture manager
+// exists (in OnTerminate at the latest). Line n is drawn 2 × symbol height × size lower than
 // line 0; a left-aligned line's first character is centred on x = 0. Fonts
 // are not copied.
 class OrvFont

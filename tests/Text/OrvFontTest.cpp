@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 
 #include "OrvColor.h"
@@ -46,9 +47,16 @@ protected:
         desc.sizeCoef = 0.5f;
         font.Create(&game, desc);
     }
+    void TearDown() override
+    {
+        // A font lets go of its texture: before the texture manager goes.
+        fontOwner.reset();
+        OrvGameTest::TearDown();
+    }
     ::testing::AssertionResult ShowsCell(int x, int y, unsigned int cell) { return PixelIs(x, y, CellColour(cell) >> 8); }
 
-    OrvFont font;
+    std::unique_ptr<OrvFont> fontOwner{new OrvFont()};
+    OrvFont& font = *fontOwner;
 };
 }  // namespace
 
