@@ -14,6 +14,7 @@
 #include <string>
 
 #include "OrvApplication.h"
+#include "OrvBenchGame.h"
 #include "OrvColor.h"
 #include "OrvColorMaterial.h"
 #include "OrvColoredTextureMaterial.h"
@@ -34,15 +35,6 @@ const unsigned int kWidth = 800;
 const unsigned int kHeight = 600;
 // glBegin, four glTexCoord2f and glVertex3f pairs, glEnd.
 const unsigned long kImmediateCallsPerQuad = 10;
-
-class BenchGame : public OrvApplication
-{
-public:
-    void OnInitialise() override {}
-    void OnTerminate() override {}
-    void OnRenderWorld() override {}
-    void OnRenderHUD() override {}
-};
 
 // A 64 x 64 opaque checker made in memory.
 class Checker : public OrvTGAImageFile

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "OrvApplication.h"
+#include "OrvBenchGame.h"
 #include "OrvCamera.h"
 #include "OrvColor.h"
 #include "OrvColorMaterial.h"
@@ -31,15 +32,6 @@ namespace
 {
 // Children per level: 20 × 20 × 24 = 10,020 assets below the root.
 const int kFanOut[3] = {20, 20, 24};
-
-class BenchGame : public OrvApplication
-{
-public:
-    void OnInitialise() override {}
-    void OnTerminate() override {}
-    void OnRenderWorld() override {}
-    void OnRenderHUD() override {}
-};
 
 using Clock = std::chrono::steady_clock;
 

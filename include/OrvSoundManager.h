@@ -85,6 +85,8 @@ private:
     OrvSound* FindSound(const OrvUnicode& name) const;
     // Reads the WAV file through the file manager into buffer `index`.
     void LoadIntoBuffer(const OrvUnicode& name, int index);
+    // A buffer for a sound that has none, loaded; false when none is free.
+    bool LoadIfUnloaded(OrvSound* sound);
     // Gain, pitch 1, the buffer queued, played.
     void StartOnSource(int source, int buffer, float gain);
     // A float parameter of the source playing the sound; nothing (0) without one.

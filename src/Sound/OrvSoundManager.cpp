@@ -194,6 +194,18 @@ void OrvSoundManager::LoadIntoBuffer(const OrvUnicode& name, int index)
     CheckALError();
 }
 
+bool OrvSoundManager::LoadIfUnloaded(OrvSound* sound)
+{
+    if (sound->GetBufferIndex() >= 0)
+        return true;
+    const int buffer = GetFreeBuffer();
+    if (buffer < 0)
+        return false;
+    LoadIntoBuffer(sound->GetName(), buffer);
+    sound->SetBufferIndex(buffer);
+    return true;
+}
+
 void OrvSoundManager::StartOnSource(int source, int buffer, float gain)
 {
     alSourcef(m_sources[source], AL_GAIN, gain);
@@ -212,11 +224,8 @@ void OrvSoundManager::PlaySound(const OrvUnicode& name, float gain, bool looping
     {
         if (sound->GetBufferIndex() < 0)
         {
-            const int buffer = GetFreeBuffer();
-            if (buffer < 0)
+            if (!LoadIfUnloaded(sound))
                 return;
-            LoadIntoBuffer(name, buffer);
-            sound->SetBufferIndex(buffer);
             sound->SetSourceIndex(-1);
         }
         if (sound->GetSourceIndex() >= 0)
@@ -272,14 +281,8 @@ void OrvSoundManager::QueueSound(const OrvUnicode& name, float gain, bool loopin
         sound = new OrvSound(name);
         m_sounds.Add(sound, false);
     }
-    if (sound->GetBufferIndex() < 0)
-    {
-        const int buffer = GetFreeBuffer();
-        if (buffer < 0)
-            return;
-        LoadIntoBuffer(name, buffer);
-        sound->SetBufferIndex(buffer);
-    }
+    if (!LoadIfUnloaded(sound))
+        return;
     sound->SetSourceIndex(after->GetSourceIndex());
     alSourceQueueBuffers(m_sources[sound->GetSourceIndex()], 1, &m_buffers[sound->GetBufferIndex()]);
     CheckALError();
