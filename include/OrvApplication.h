@@ -6,6 +6,7 @@
 
 class OrvAxisAlignedBox;
 class OrvCamera;
+class OrvColor;
 class OrvCursor;
 class OrvFileManager;
 class OrvGameAsset;
@@ -19,6 +20,8 @@ class OrvSoundManager;
 class OrvSpriteManager;
 class OrvTextureManager;
 class OrvTimerManager;
+class OrvVector3D;
+class OrvWidget;
 
 // Root object of a game. A game derives from it, implements the four hooks,
 // builds one instance and calls Run(): the engine then owns the thread until
@@ -99,7 +102,10 @@ public:
     OrvTObjectArray<OrvGameAsset*> GetOnScreenGameAssets() const;
 
     // Debug markers live under their own root, drawn after the world tree.
-    // An asset that is not a debug child is left alone.
+    // A debug sprite is a widget with a flat colour, its quad scaled by `size`
+    // (2 × size wide); throws OrvRendererException when the material shelf
+    // has no renderer. Deleting an asset that is not a debug child does nothing.
+    OrvWidget* CreateDebugSprite(const OrvVector3D& position, const OrvColor& color, float size);
     void DeleteDebugGameAsset(OrvGameAsset* asset);
     void DeleteAllDebugGameAssets();
     void RenderDebugGameAssets(bool render);

@@ -112,6 +112,9 @@ public:
 protected:
     // The application's renderer, or null.
     OrvRenderer* GetRenderer() const;
+    // Render's work: the children behind, the mesh when asked and the
+    // elements while visible, the other children; in the asset's transform.
+    void RenderSubtree(bool drawMesh);
 
     OrvGameAssetManager* m_manager;
     int m_id;

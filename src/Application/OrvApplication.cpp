@@ -7,6 +7,9 @@
 
 #include "OrvAxisAlignedBox.h"
 #include "OrvCamera.h"
+#include "OrvColor.h"
+#include "OrvColorMaterial.h"
+#include "OrvCursor.h"
 #include "OrvEffectManager.h"
 #include "OrvFileManager.h"
 #include "OrvGameAsset.h"
@@ -22,6 +25,8 @@
 #include "OrvTextureManager.h"
 #include "OrvTime.h"
 #include "OrvTimerManager.h"
+#include "OrvWidget.h"
+#include "OrvWidgetDesc.h"
 #include "OrvXMLElement.h"
 #include "OrvXMLFile.h"
 
@@ -235,7 +240,8 @@ void OrvApplication::Update(float seconds)
         m_worldRoot->Update(seconds);
     if (m_hudRoot != nullptr)
         m_hudRoot->Update(seconds);
-    // Cursors.
+    for (unsigned int i = 0; i < m_cursors.GetCount(); ++i)
+        m_cursors[i]->Update(seconds);
     if (m_messageManager != nullptr)
         m_messageManager->Update(seconds);
 }
@@ -268,6 +274,8 @@ void OrvApplication::RenderHUD()
     if (m_hudRoot != nullptr)
         m_hudRoot->Render();
     // Cursors on top.
+    for (unsigned int i = 0; i < m_cursors.GetCount(); ++i)
+        m_cursors[i]->Render();
     if (m_renderer != nullptr)
         m_renderer->LoadIdentityMatrix(TRANS_MATRIX_MODEL);
 }
@@ -344,6 +352,27 @@ OrvTObjectArray<OrvGameAsset*> OrvApplication::GetOnScreenGameAssets() const
         if (child->IsOnScreen())
             onScreen.Add(child);
     return onScreen;
+}
+
+OrvWidget* OrvApplication::CreateDebugSprite(const OrvVector3D& position, const OrvColor& color, float size)
+{
+    if (m_gameAssetManager == nullptr || m_debugRoot == nullptr)
+        return nullptr;
+    OrvWidgetDesc desc;
+    desc.position = position;
+    desc.scale.Set(size, size, size);
+    OrvWidget* sprite = m_gameAssetManager->CreateGameAsset<OrvWidget, OrvWidgetDesc>(&desc);
+    try
+    {
+        sprite->UseColorMaterial(color);
+    }
+    catch (...)
+    {
+        m_gameAssetManager->DeleteGameAsset(sprite);
+        throw;
+    }
+    m_debugRoot->AddChild(sprite);
+    return sprite;
 }
 
 void OrvApplication::DeleteDebugGameAsset(OrvGameAsset* asset)

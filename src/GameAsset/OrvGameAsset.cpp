@@ -207,6 +207,11 @@ void OrvGameAsset::Update(float seconds)
 
 void OrvGameAsset::Render()
 {
+    RenderSubtree(true);
+}
+
+void OrvGameAsset::RenderSubtree(bool drawMesh)
+{
     OrvRenderer* renderer = GetRenderer();
     if (renderer != nullptr)
     {
@@ -219,7 +224,7 @@ void OrvGameAsset::Render()
             m_children[i]->Render();
     if (m_render)
     {
-        if (m_mesh != nullptr)
+        if (drawMesh && m_mesh != nullptr)
             m_mesh->Render();
         RenderElements();
     }
