@@ -2,17 +2,20 @@
 // hub, a textured quad, a lamp whose state machine switches colour on delayed
 // messages it sends itself, and sparks created every quarter second that fly
 // off and delete themselves. A head-up display drawn in pixels on top: a bar
-// across the top, one square per live spark, and a marker that follows the
+// across the top, one square per live spark, a menu whose Options sub-menu
+// opens when the pointer rests on it, a status line and a name field that
+// completes names (Tab) and greets them (Return); the pointer follows the
 // mouse. A small flock steers around the lamp: one seeks it, one flees, one
-// pursues, one evades and one wanders. Sprites from a sprite set walk across (one mirrored), a puff chains
-// into a walk, and a centred block of text is drawn with a bitmap font. The
-// arrow keys or a joypad's left stick move the lamp; Escape ends
-// the game, which also ends after a few seconds measured by one of the
-// engine's timers. Music plays from the start (an intro, then a loop queued
-// behind it) and Space plays a blip; without an audio device all is silent.
-// With --screenshot it leaves its last frame in a TGA file.
+// pursues, one evades and one wanders. Sprites from a sprite set walk across
+// (one mirrored), a puff chains into a walk, and a centred block of text is
+// drawn with a bitmap font. The arrow keys or a joypad's left stick move the
+// lamp; Escape ends the game, which also ends after a few seconds measured by
+// one of the engine's timers. Music plays from the start (an intro, then a
+// loop queued behind it) and Space plays a blip; without an audio device all
+// is silent. With --demo the game plays its widgets by itself through SDL;
+// with --screenshot it leaves its last frame in a TGA file.
 //
-//   MinimalGame [SECONDS] [--screenshot FILE]
+//   MinimalGame [SECONDS] [--demo] [--screenshot FILE]
 //
 // Set ORV_WINDOWED=1 to play it in a window instead of full screen.
 #include <GL/gl.h>
@@ -25,6 +28,8 @@
 #include <string>
 #include <vector>
 
+#include "DemoScript.h"
+#include "GameHud.h"
 #include "OrvApplication.h"
 #include "OrvColor.h"
 #include "OrvColorMaterial.h"
@@ -63,6 +68,7 @@
 #include "OrvTextureManager.h"
 #include "OrvTimerManager.h"
 #include "OrvVertex.h"
+#include "OrvWidget.h"
 
 namespace
 {
@@ -90,9 +96,10 @@ OrvColorMaterial* Paint(OrvRenderer* renderer, const OrvColor& color)
 class Wheel : public OrvGameAsset
 {
 public:
+    float speed = 40.0f;
     void Update(float seconds) override
     {
-        SetRotation(GetRotation() + 40.0f * seconds);
+        SetRotation(GetRotation() + speed * seconds);
         OrvGameAsset::Update(seconds);
     }
 };
@@ -189,13 +196,41 @@ private:
     LampColour* m_other = nullptr;
 };
 
-class MinimalGame : public OrvApplication
+class MinimalGame : public OrvApplication, public HudActions
 {
 public:
-    MinimalGame(float seconds, std::string screenshot) : m_seconds(seconds), m_screenshot(std::move(screenshot)) {}
+    MinimalGame(float seconds, std::string screenshot, bool demo)
+        : m_seconds(seconds), m_screenshot(std::move(screenshot)), m_demo(demo)
+    {
+    }
 
     unsigned long Turns() const { return m_turns; }
     int Sparks() const { return m_sparksMade; }
+    const std::string& Status() const { return m_status; }
+    unsigned int DebugMarkers() const { return m_debugMarkerCount; }
+
+    void OnMenu(const std::string& action) override
+    {
+        if (action == "Faster" || action == "Slower")
+        {
+            m_wheel->speed += action == "Faster" ? 40.0f : -40.0f;
+            SetStatus("The wheel turns at " + std::to_string(static_cast<int>(m_wheel->speed)) + " degrees a second");
+        }
+        else if (action == "Blip")
+        {
+            GetSoundManager()->PlaySound("Blip.wav", 1.0f, false, 0);
+            SetStatus("Blip!");
+        }
+        else if (action == "Pause")
+        {
+            SetPaused(!GetPaused());
+            SetStatus(GetPaused() ? "The world is paused; the HUD goes on" : "The world goes on");
+        }
+        else if (action == "Debug")
+            ToggleDebugMarkers();
+        else if (action == "Quit")
+            Exit();
+    }
 
 protected:
     void OnInitialise() override
@@ -218,7 +253,7 @@ protected:
         }
 
         OrvRenderer* renderer = GetRenderer();
-        Wheel* wheel = Create<Wheel>(GetWorldRoot(), OrvVector3D(-120, 0, 0));
+        Wheel* wheel = m_wheel = Create<Wheel>(GetWorldRoot(), OrvVector3D(-120, 0, 0));
         for (int i = 0; i < 6; ++i)
         {
             const float angle = static_cast<float>(i) * 60.0f * 0.017453292f;
@@ -283,15 +318,19 @@ protected:
         m_font->Create(this, font);
         m_font->SetColor(OrvColor(255, 240, 200, 255));
 
+        // Widgets, once the mouse and keyboard exist: they listen to them.
+        m_widgets.reset(new GameHud(this, m_font, this));
+        m_widgets->Place(static_cast<float>(renderer->GetViewportWidth()),
+                         static_cast<float>(renderer->GetViewportHeight()));
+        if (m_demo)
+            m_script.reset(new DemoScript(m_widgets.get(), renderer));
+
         // The head-up display: a bar, and a row of marks in front of it. Its
         // depth runs from 0 (nearest) to -1.
         m_hud = Create<OrvGameAsset>(GetHUDRoot(), OrvVector3D(0, 0, 0));
         m_bar = Create<OrvGameAsset>(m_hud, OrvVector3D(0, 0, -0.5f));
         m_bar->SetMesh(Rectangle(renderer, 1, 1, Paint(renderer, OrvColor(40, 90, 200, 220))));
         m_marks = Create<OrvGameAsset>(m_hud, OrvVector3D(0, 0, 0));
-        m_pointer = Create<OrvGameAsset>(GetHUDRoot(), OrvVector3D(0, 0, 0));
-        m_pointer->SetMesh(Rectangle(renderer, 14, 14, Paint(renderer, OrvColor(255, 255, 255, 255))));
-        m_pointer->SetRotation(45.0f);
     }
 
     void ProcessInputEvent(const OrvInputEvent& event) override
@@ -299,7 +338,14 @@ protected:
         if (event.GetType() != INPUT_KEY_DOWN)
             return;
         const OrvKey key = static_cast<const OrvKeyboardEvent&>(event).GetKey();
-        if (key == KEY_ESCAPE)
+        // The game hears the keyboard before the name field does.
+        if (key == KEY_RETURN && m_widgets->IsTypingName())
+        {
+            const std::string name = m_widgets->EnterName();
+            if (!name.empty())
+                SetStatus("Hello, " + name + "! Click the field for another name.");
+        }
+        else if (key == KEY_ESCAPE)
             Exit();
         else if (key == KEY_SPACE)
             GetSoundManager()->PlaySound("Blip.wav", 1.0f, false, 0);
@@ -307,15 +353,20 @@ protected:
 
     void OnTerminate() override
     {
+        m_debugMarkerCount = GetDebugRoot()->GetChildCount();
         // The behaviours leave their assets' combiners as they go.
         m_behaviors.clear();
         m_texture->RemoveUser();
+        m_widgets.reset();
+        m_script.reset();
         delete m_font;
         m_font = nullptr;
     }
 
     void Update(float seconds) override
     {
+        if (m_script)
+            m_script->Advance(seconds);
         OrvApplication::Update(seconds);
         // A spark every quarter of a second.
         for (m_sparkClock += seconds; m_sparkClock >= 0.25f; m_sparkClock -= 0.25f)
@@ -349,10 +400,11 @@ protected:
         m_hud->SetPosition(OrvVector3D(0, height * 0.5f - 30, 0));
         m_bar->SetScale(OrvVector3D(width - 40, 36, 1));
         m_marks->SetPosition(OrvVector3D(-width * 0.5f + 50, 0, 0));
-        // The mouse counts from the top-left corner, y down; the HUD from the centre, y up.
-        m_pointer->SetPosition(OrvVector3D(m_mouse->GetX() - width * 0.5f, height * 0.5f - m_mouse->GetY(), 0));
         ShowSparkCount();
         // A centred block of text below the bar, in pixels from the lower left.
+        // The widgets share the font: its size and colour are set each time.
+        m_font->SetSizeCoef(0.5f);
+        m_font->SetColor(OrvColor(255, 240, 200, 255));
         GetRenderer()->PushMatrix(TRANS_MATRIX_MODEL);
         GetRenderer()->TranslateMatrix(TRANS_MATRIX_MODEL, OrvVector3D(width * 0.5f, height - 90, 0));
         m_font->RenderText("The Tarnwick\nsprites, sounds, text and input\nEscape quits", FONT_ALIGN_CENTER);
@@ -472,6 +524,23 @@ private:
         }
     }
 
+    void SetStatus(const std::string& status)
+    {
+        m_status = status;
+        m_widgets->SetStatus(status);
+    }
+
+    // A marker on each boid of the flock, or none.
+    void ToggleDebugMarkers()
+    {
+        m_debugMarkers = !m_debugMarkers;
+        if (!m_debugMarkers)
+            DeleteAllDebugGameAssets();
+        for (OrvMovingGameAsset* boid : m_debugMarkers ? m_flock : std::vector<OrvMovingGameAsset*>())
+            CreateDebugSprite(boid->GetPosition() + OrvVector3D(0, 0, 5), OrvColor(255, 255, 255, 255), 6.0f);
+        SetStatus(m_debugMarkers ? "Debug markers on" : "Debug markers off");
+    }
+
     // The frame as drawn so far (the back buffer), bottom row first as TGA keeps it.
     void SaveScreenshot()
     {
@@ -496,6 +565,13 @@ private:
 
     float m_seconds;
     std::string m_screenshot;
+    bool m_demo;
+    std::string m_status;
+    bool m_debugMarkers = false;
+    unsigned int m_debugMarkerCount = 0;
+    Wheel* m_wheel = nullptr;
+    std::unique_ptr<GameHud> m_widgets;
+    std::unique_ptr<DemoScript> m_script;
     unsigned long m_turns = 0;
     int m_sparksMade = 0;
     float m_sparkClock = 0.0f;
@@ -513,7 +589,6 @@ private:
     OrvGameAsset* m_hud = nullptr;
     OrvGameAsset* m_bar = nullptr;
     OrvGameAsset* m_marks = nullptr;
-    OrvGameAsset* m_pointer = nullptr;
     OrvSDLKeyboard* m_keyboard = nullptr;
     OrvSDLMouse* m_mouse = nullptr;
     OrvSDLJoypad* m_joypad = nullptr;
@@ -524,19 +599,22 @@ int main(int argc, char** argv)
 {
     float seconds = 2.0f;
     std::string screenshot;
+    bool demo = false;
     for (int i = 1; i < argc; ++i)
     {
         if (std::strcmp(argv[i], "--screenshot") == 0 && i + 1 < argc)
             screenshot = argv[++i];
+        else if (std::strcmp(argv[i], "--demo") == 0)
+            demo = true;
         else if (argv[i][0] != '-')
             seconds = static_cast<float>(std::atof(argv[i]));
         else
         {
-            std::fprintf(stderr, "Usage: %s [SECONDS] [--screenshot FILE]\n", argv[0]);
+            std::fprintf(stderr, "Usage: %s [SECONDS] [--demo] [--screenshot FILE]\n", argv[0]);
             return 2;
         }
     }
-    MinimalGame game(seconds, screenshot);
+    MinimalGame game(seconds, screenshot, demo);
     try
     {
         game.Run();
@@ -547,5 +625,7 @@ int main(int argc, char** argv)
         return 1;
     }
     std::printf("MinimalGame: %lu turns, %d sparks launched\n", game.Turns(), game.Sparks());
+    if (!game.Status().empty())
+        std::printf("MinimalGame: last status: %s (%u debug markers)\n", game.Status().c_str(), game.DebugMarkers());
     return 0;
 }

@@ -30,8 +30,9 @@ const char* const kUsage =
     "         ramp (red across, blue up) with white, fully opaque.\n"
     "notes    a 16-bit mono 22050 Hz WAV file playing each note (0 for a rest)\n"
     "         for MILLISECONDS, softened at both ends.\n"
-    "sheet    a 256 x 128 sprite sheet: four 64 x 64 frames of a walking figure\n"
-    "         along the top, four of a growing puff below them.\n"
+    "sheet    a 256 x 160 sprite sheet: four 64 x 64 frames of a walking figure\n"
+    "         along the top, four of a growing puff below them, and a 32 x 32\n"
+    "         arrow pointing to its top-left corner under those.\n"
     "font     a 16 x 16 grid of CELL-pixel cells holding the glyphs of codes 32\n"
     "         to 255 (Latin-1) from the font file, row by row from the top, white\n"
     "         with the glyph's coverage as alpha.\n";
@@ -151,7 +152,7 @@ void Stroke(Canvas& canvas, float x0, float y0, float x1, float y1, float width,
 
 int Sheet(const std::string& out)
 {
-    Canvas canvas(256, 128);
+    Canvas canvas(256, 160);
     const unsigned char skin[4] = {250, 205, 160, 255};
     const unsigned char shirt[4] = {60, 120, 230, 255};
     const unsigned char legs[4] = {40, 40, 70, 255};
@@ -170,6 +171,14 @@ int Sheet(const std::string& out)
                                        static_cast<unsigned char>(255 - 50 * frame)};
         Disc(canvas, left + 32, 96, radius, puff);
     }
+    // The pointer: a white arrow outlined in black, its tip at the cell's corner.
+    const unsigned char outline[4] = {20, 20, 30, 255};
+    const unsigned char white[4] = {255, 255, 255, 255};
+    const float arrow[3][4] = {{2, 130, 2, 152}, {2, 130, 18, 146}, {8, 142, 18, 156}};
+    for (const auto& line : arrow)
+        Stroke(canvas, line[0], line[1], line[2], line[3], 5, outline);
+    for (const auto& line : arrow)
+        Stroke(canvas, line[0], line[1], line[2], line[3], 2, white);
     canvas.SaveAs(out);
     return 0;
 }
