@@ -120,11 +120,6 @@ private:
     void ReleaseMaterial();
     void SetQuadX(float half);
     void SetQuadY(float half);
-
-    // What the quad last showed, so that an unchanged frame is not set again.
-    const void* m_shownFrame;
-    bool m_shownMirrorX;
-    bool m_shownMirrorY;
 };
 
 #endif

@@ -179,6 +179,12 @@ void OrvFont::RenderUnicode(const OrvUnicode& text, OrvFontAlign align) const
     unicode_chunk_struct lines[kMaxLines];
     unsigned int count = 0;
     GetUnicodeChunks(text, lines, kMaxLines, count);
+    // One line, the whole text (a label's, every frame): drawn without a copy.
+    if (count == 1 && lines[0].start == 0 && lines[0].end + 1 == text.Length())
+    {
+        RenderUnicodeChunk(text, align, 0);
+        return;
+    }
     OrvUnicode line;
     for (unsigned int i = 0; i < count; ++i)
     {

@@ -22,8 +22,7 @@ OrvWidgetDesc::OrvWidgetDesc() : OrvMovingGameAssetDesc(), listenToCursors(true)
 OrvWidget::OrvWidget()
     : OrvMovingGameAsset(), OrvInputListner(), m_enterCallback(nullptr), m_enterData(nullptr),
       m_exitCallback(nullptr), m_exitData(nullptr), m_pressedAndReleasedCallback(nullptr),
-      m_pressedAndReleasedData(nullptr), m_player(nullptr), m_listenToCursors(true), m_autoSize(true),
-      m_shownFrame(nullptr), m_shownMirrorX(false), m_shownMirrorY(false)
+      m_pressedAndReleasedData(nullptr), m_player(nullptr), m_listenToCursors(true), m_autoSize(true)
 {
 }
 
@@ -48,7 +47,6 @@ void OrvWidget::Create(OrvWidgetDesc* desc)
     RefreshPosition(true);
     delete m_player;
     m_player = new OrvSpriteAnimationPlayer();
-    m_shownFrame = nullptr;
     m_listenToCursors = desc->listenToCursors;
     m_autoSize = desc->autoSize;
     if (!m_listenToCursors)
@@ -69,16 +67,9 @@ void OrvWidget::Update(float seconds)
     if (m_player == nullptr)
         return;
     m_player->AddTime(seconds);
-    // Setting a frame rebuilds the quad: only when the frame or its mirroring changed.
-    const void* frame = m_player->GetCurrentFrame();
-    if (frame == nullptr ||
-        (frame == m_shownFrame && m_player->GetMirrorX() == m_shownMirrorX && m_player->GetMirrorY() == m_shownMirrorY))
-        return;
+    // Without an animation there is no frame, and the quad keeps its size.
     if (auto* quad = dynamic_cast<OrvSpriteAnimationMesh*>(m_mesh))
         quad->SetSpriteAnimationFrame(m_player->GetCurrentFrame(), m_player->GetMirrorX(), m_player->GetMirrorY());
-    m_shownFrame = frame;
-    m_shownMirrorX = m_player->GetMirrorX();
-    m_shownMirrorY = m_player->GetMirrorY();
 }
 
 void OrvWidget::SetEnabled(bool enabled, bool recursive)
