@@ -9,6 +9,7 @@ class OrvApplication;
 class OrvColor;
 class OrvColorMaterial;
 class OrvCursor;
+class OrvInputDevice;
 class OrvSpriteAnimationPlayer;
 class OrvVector2D;
 struct OrvWidgetDesc;
@@ -98,6 +99,8 @@ public:
 protected:
     // The application of the asset's manager, or null.
     OrvApplication* GetApplication() const;
+    // The first device of the application's input manager of that kind, or null.
+    OrvInputDevice* FindFirstDevice(bool (*isKind)(const OrvInputDevice*)) const;
     // Removes the first occurrence, when there is one.
     static void Forget(OrvTObjectArray<OrvCursor*>& cursors, OrvCursor* cursor);
 

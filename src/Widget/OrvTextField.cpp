@@ -1,7 +1,5 @@
 #include "OrvTextField.h"
 
-#include "OrvApplication.h"
-#include "OrvInputManager.h"
 #include "OrvKeyboard.h"
 #include "OrvKeyboardEvent.h"
 #include "OrvTextFieldDesc.h"
@@ -28,13 +26,7 @@ void OrvTextField::Create(OrvTextFieldDesc* desc)
     m_align = desc->align;
     m_fontColor = desc->fontColor;
     m_fontSizeCoef = desc->fontSizeCoef;
-    OrvApplication* application = GetApplication();
-    OrvInputManager* input = application != nullptr ? application->GetInputManager() : nullptr;
-    OrvInputDevice* keyboard = nullptr;
-    for (unsigned int i = 0; input != nullptr && keyboard == nullptr && i < input->GetDeviceCount(); ++i)
-        if (dynamic_cast<OrvKeyboard*>(input->GetDevice(i)) != nullptr)
-            keyboard = input->GetDevice(i);
-    AddInputDevice(keyboard);
+    AddInputDevice(FindFirstDevice([](const OrvInputDevice* d) { return dynamic_cast<const OrvKeyboard*>(d) != nullptr; }));
 }
 
 void OrvTextField::ProcessInputEvent(const OrvInputEvent& event)

@@ -51,14 +51,19 @@ void OrvWidget::Create(OrvWidgetDesc* desc)
     m_autoSize = desc->autoSize;
     if (!m_listenToCursors)
         return;
+    AddInputDevice(FindFirstDevice([](const OrvInputDevice* d) { return dynamic_cast<const OrvMouse*>(d) != nullptr; }));
+    // A mouse was found: there is an input manager.
+    GetApplication()->GetInputManager()->AddListner(this);
+}
+
+OrvInputDevice* OrvWidget::FindFirstDevice(bool (*isKind)(const OrvInputDevice*)) const
+{
     OrvApplication* application = GetApplication();
     OrvInputManager* input = application != nullptr ? application->GetInputManager() : nullptr;
-    OrvInputDevice* mouse = nullptr;
-    for (unsigned int i = 0; input != nullptr && mouse == nullptr && i < input->GetDeviceCount(); ++i)
-        if (dynamic_cast<OrvMouse*>(input->GetDevice(i)) != nullptr)
-            mouse = input->GetDevice(i);
-    AddInputDevice(mouse);
-    input->AddListner(this);
+    for (unsigned int i = 0; input != nullptr && i < input->GetDeviceCount(); ++i)
+        if (isKind(input->GetDevice(i)))
+            return input->GetDevice(i);
+    return nullptr;
 }
 
 void OrvWidget::Update(float seconds)

@@ -87,8 +87,12 @@ protected:
     {
         mouse->MoveTo(x + cursor->GetWidth() * 0.5f, static_cast<float>(kHeight) - (y - cursor->GetHeight() * 0.5f));
     }
-    void Press() { game.GetInputManager()->ProcessEvent(OrvMouseButtonEvent(INPUT_MOUSE_BUTTON_DOWN, mouse, MOUSE_BUTTON_LEFT)); }
-    void Release() { game.GetInputManager()->ProcessEvent(OrvMouseButtonEvent(INPUT_MOUSE_BUTTON_UP, mouse, MOUSE_BUTTON_LEFT)); }
+    void Press() { LeftButton(INPUT_MOUSE_BUTTON_DOWN); }
+    void Release() { LeftButton(INPUT_MOUSE_BUTTON_UP); }
+    void LeftButton(OrvInputEventType type)
+    {
+        game.GetInputManager()->ProcessEvent(OrvMouseButtonEvent(type, mouse, MOUSE_BUTTON_LEFT));
+    }
     void Click()
     {
         Press();
