@@ -69,10 +69,10 @@ OrvInputDevice* OrvWidget::FindFirstDevice(bool (*isKind)(const OrvInputDevice*)
 void OrvWidget::Update(float seconds)
 {
     OrvMovingGameAsset::Update(seconds);
-    if (m_player == nullptr)
+    // Without an animation (labels, buttons, menus) the quad keeps its size.
+    if (m_player == nullptr || m_player->GetSpriteAnimation() == nullptr)
         return;
     m_player->AddTime(seconds);
-    // Without an animation there is no frame, and the quad keeps its size.
     if (auto* quad = dynamic_cast<OrvSpriteAnimationMesh*>(m_mesh))
         quad->SetSpriteAnimationFrame(m_player->GetCurrentFrame(), m_player->GetMirrorX(), m_player->GetMirrorY());
 }
