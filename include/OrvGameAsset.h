@@ -29,8 +29,8 @@ public:
     OrvGameAsset();
     OrvGameAsset(const OrvGameAsset&) = delete;
     OrvGameAsset& operator=(const OrvGameAsset&) = delete;
-    // Releases the mesh, the state machine and the message list (the messages
-    // belong to the message manager).
+    // Releases the mesh, the state machine and the message list; the message
+    // manager destroys the messages addressed to it that it still holds.
     ~OrvGameAsset() override;
 
     // Stores the parent and refreshes the position with force.

@@ -22,13 +22,17 @@ public:
     // Releases both lists; the application deletes the messages first.
     virtual ~OrvMessageManager();
 
-    // The receiver must live until the message is delivered.
+    // A receiver destroyed before it handled the message takes it along
+    // (ForgetReceiver).
     void SendMessage(OrvGameAsset* sender, OrvGameAsset* receiver, const OrvUnicode& message, void* data, int delay);
     void Update(float seconds);
     // Destroys a message of the manager; any other is left alone.
     void DeleteMessage(OrvMessage* message);
     // Destroys every message; the pending list is not touched.
     void DeleteAllMessages();
+    // Destroys the messages addressed to `receiver`, pending or delivered and
+    // not yet handled: a game asset calls it as it is destroyed.
+    void ForgetReceiver(const OrvGameAsset* receiver);
 
     unsigned int GetMessageCount() const { return m_messages.GetSize(); }
     unsigned int GetPendingCount() const { return m_pending.GetCount(); }

@@ -48,6 +48,10 @@ OrvGameAsset::OrvGameAsset()
 
 OrvGameAsset::~OrvGameAsset()
 {
+    // Messages still on their way here would reach a destroyed asset.
+    OrvApplication* application = m_manager != nullptr ? m_manager->GetApplication() : nullptr;
+    if (application != nullptr && application->GetMessageManager() != nullptr)
+        application->GetMessageManager()->ForgetReceiver(this);
     Unbind();
     delete m_mesh;
     delete m_stateMachine;

@@ -44,6 +44,20 @@ void OrvMessageManager::DeleteMessage(OrvMessage* message)
     m_messages.Delete(message);
 }
 
+void OrvMessageManager::ForgetReceiver(const OrvGameAsset* receiver)
+{
+    for (unsigned int i = m_messages.GetSize(); i > 0; --i)
+    {
+        OrvMessage* message = m_messages[i - 1];
+        if (message->GetReceiver() != receiver)
+            continue;
+        const int pending = m_pending.Find(message);
+        if (pending >= 0)
+            m_pending.RemoveIndex(static_cast<unsigned int>(pending));
+        m_messages.Delete(static_cast<unsigned long>(i - 1));
+    }
+}
+
 void OrvMessageManager::DeleteAllMessages()
 {
     m_messages.DeleteAll();

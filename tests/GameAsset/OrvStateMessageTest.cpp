@@ -161,6 +161,20 @@ TEST_F(OrvStateMessageTest, MessagesArriveAfterTheirDelayInSendingOrder)
     frame();
     EXPECT_EQ("C:later", log[1]);
     EXPECT_EQ(0u, messages->GetMessageCount());
+
+    // A receiver destroyed before it handled its messages takes them along.
+    messages->SendMessage(sender, receiver, "delivered", nullptr, 0);
+    messages->SendMessage(sender, receiver, "pending", nullptr, 5);
+    messages->SendMessage(receiver, sender, "kept", nullptr, 5);
+    messages->Update(1.0f);
+    ASSERT_EQ(1u, receiver->GetFrameMessageCount());
+    receiver->DeleteThisGameAsset();
+    game.GetGameAssetManager()->CleanUp();
+    EXPECT_EQ(1u, messages->GetMessageCount());
+    EXPECT_EQ(1u, messages->GetPendingCount());
+    for (int i = 0; i < 6; ++i)
+        messages->Update(1.0f);
+    EXPECT_EQ(1u, sender->GetFrameMessageCount()) << "the message to the asset still there arrives";
 }
 
 TEST_F(OrvStateMessageTest, AMessageForAnotherAssetIsRefusedAndKept)
