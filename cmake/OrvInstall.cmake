@@ -14,13 +14,21 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/media/ DESTINATION ${ORV_INSTALL_MEDIADI
 install(EXPORT OrvEngineTargets NAMESPACE OrvEngine:: DESTINATION ${ORV_INSTALL_CMAKEDIR})
 
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/OrvEngineConfig.cmake.in
-  ${PROJECT_BINARY_DIR}/OrvEngineConfig.cmake
+  ${PROJECT_BINARY_DIR}/install-package/OrvEngineConfig.cmake
   INSTALL_DESTINATION ${ORV_INSTALL_CMAKEDIR}
   PATH_VARS ORV_INSTALL_MEDIADIR)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/OrvEngineConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
-install(FILES ${PROJECT_BINARY_DIR}/OrvEngineConfig.cmake ${PROJECT_BINARY_DIR}/OrvEngineConfigVersion.cmake
+install(FILES ${PROJECT_BINARY_DIR}/install-package/OrvEngineConfig.cmake
+  ${PROJECT_BINARY_DIR}/OrvEngineConfigVersion.cmake
   DESTINATION ${ORV_INSTALL_CMAKEDIR})
+
+# The same package straight from the build tree: a game finds it with
+# -DOrvEngine_DIR=<build folder>, the engine's media then read from the sources.
+export(EXPORT OrvEngineTargets NAMESPACE OrvEngine:: FILE ${PROJECT_BINARY_DIR}/OrvEngineTargets.cmake)
+set(ORV_BUILD_TREE_MEDIA_DIR ${PROJECT_SOURCE_DIR}/media)
+configure_file(${PROJECT_SOURCE_DIR}/cmake/OrvEngineBuildTreeConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/OrvEngineConfig.cmake @ONLY)
 
 # The pkg-config file finds its prefix from where it lies, so the installed
 # tree can move.
