@@ -13,9 +13,8 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
+#include "Canvas.h"
 #include "OrvException.h"
-#include "OrvFileManager.h"
-#include "OrvTGAImageFile.h"
 
 namespace
 {
@@ -24,6 +23,7 @@ const char* const kUsage =
     "       orvmedia notes OUT.wav MILLISECONDS HERTZ...\n"
     "       orvmedia sheet OUT.tga\n"
     "       orvmedia font OUT.tga FONT.ttf CELL\n"
+    "       orvmedia tarnwick OUT.tga\n"
     "       orvmedia --help\n"
     "\n"
     "checker  a 32-bit TGA image of CELL x CELL squares, alternating a colour\n"
@@ -33,6 +33,9 @@ const char* const kUsage =
     "sheet    a 256 x 160 sprite sheet: four 64 x 64 frames of a walking figure\n"
     "         along the top, four of a growing puff below them, and a 32 x 32\n"
     "         arrow pointing to its top-left corner under those.\n"
+    "tarnwick the 256 x 320 sprite sheet of the sample game, 64 x 64 cells: the\n"
+    "         hero walking; standing, cheering, hurt; a prowler and a skitter;\n"
+    "         a gem and a sparkle; the rest of the sparkle and a pointer.\n"
     "font     a 16 x 16 grid of CELL-pixel cells holding the glyphs of codes 32\n"
     "         to 255 (Latin-1) from the font file, row by row from the top, white\n"
     "         with the glyph's coverage as alpha.\n";
@@ -49,44 +52,6 @@ bool ParseSize(const char* text, unsigned int& value)
     value = static_cast<unsigned int>(parsed);
     return true;
 }
-
-// An image the generators fill pixel by pixel, red first.
-class Canvas : public OrvTGAImageFile
-{
-public:
-    Canvas(unsigned int width, unsigned int height)
-    {
-        SetImageTypeCode(2);
-        SetImagePixelSize(32);
-        SetWidth(width);
-        SetHeight(height);
-        ResetImageData();
-    }
-
-    void Put(unsigned int x, unsigned int y, unsigned char r, unsigned char g, unsigned char b, unsigned char a)
-    {
-        unsigned char* pixel = m_data + (static_cast<unsigned long>(y) * m_width + x) * 4;
-        pixel[0] = r;
-        pixel[1] = g;
-        pixel[2] = b;
-        pixel[3] = a;
-    }
-
-    // (x, row) with rows counted from the image's top, as sprite origins are.
-    void PutTop(int x, int row, unsigned char r, unsigned char g, unsigned char b, unsigned char a)
-    {
-        if (x >= 0 && row >= 0 && x < static_cast<int>(m_width) && row < static_cast<int>(m_height))
-            Put(static_cast<unsigned int>(x), m_height - 1 - static_cast<unsigned int>(row), r, g, b, a);
-    }
-
-    void SaveAs(const std::string& name)
-    {
-        OrvFileManager files;
-        Create(&files, 1);
-        Save(name.c_str(), SAVE_DEFAULT);
-        Close();
-    }
-};
 
 void PutLe(std::string& out, unsigned long value, int bytes)
 {
@@ -128,26 +93,6 @@ int Notes(const std::string& out, unsigned int milliseconds, const std::vector<d
         return kFailed;
     }
     return 0;
-}
-
-// A disc of radius r around (cx, cy), rows from the top.
-void Disc(Canvas& canvas, float cx, float cy, float r, const unsigned char rgba[4])
-{
-    for (int y = static_cast<int>(cy - r); y <= static_cast<int>(cy + r); ++y)
-        for (int x = static_cast<int>(cx - r); x <= static_cast<int>(cx + r); ++x)
-            if ((x - cx) * (x - cx) + (y - cy) * (y - cy) <= r * r)
-                canvas.PutTop(x, y, rgba[0], rgba[1], rgba[2], rgba[3]);
-}
-
-// A thick line from (x0, y0) to (x1, y1), rows from the top.
-void Stroke(Canvas& canvas, float x0, float y0, float x1, float y1, float width, const unsigned char rgba[4])
-{
-    const int steps = 64;
-    for (int i = 0; i <= steps; ++i)
-    {
-        const float t = static_cast<float>(i) / steps;
-        Disc(canvas, x0 + (x1 - x0) * t, y0 + (y1 - y0) * t, width * 0.5f, rgba);
-    }
 }
 
 int Sheet(const std::string& out)
@@ -266,6 +211,8 @@ int main(int argc, char** argv)
     }
     if (argc == 3 && std::strcmp(argv[1], "sheet") == 0)
         return Run([&] { return Sheet(argv[2]); });
+    if (argc == 3 && std::strcmp(argv[1], "tarnwick") == 0)
+        return Run([&] { return TarnwickSheet(argv[2]); });
     if (argc == 5 && std::strcmp(argv[1], "font") == 0)
     {
         unsigned int cell = 0;
