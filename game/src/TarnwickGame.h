@@ -1,0 +1,138 @@
+#ifndef TARNWICK_GAME_H
+#define TARNWICK_GAME_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "HighScores.h"
+#include "Hud.h"
+#include "OrvApplication.h"
+#include "OrvSpriteAnimationPlayer.h"
+#include "OrvVector2D.h"
+
+class Actor;
+class Creature;
+class DemoScript;
+class Hero;
+class OrvFont;
+class OrvSDLJoypad;
+class OrvSDLKeyboard;
+class OrvSDLMouse;
+class OrvTimer;
+class OrvWidget;
+
+struct GameOptions
+{
+    // Plays itself through SDL, one sixtieth of a second a turn.
+    bool demo = false;
+    // Ends after that many turns; 0 plays until Quit.
+    unsigned int frames = 0;
+    // Where the high scores, the screenshots and the demo's report go.
+    std::string saveDir = ".";
+    float roundSeconds = 45.0f;
+};
+
+// The Tarnwick: gather gems and catch skitters before the round ends, and
+// keep away from the prowlers. The hero follows the arrow keys (or WASD),
+// a joypad's left stick, or a click on the field.
+class TarnwickGame : public OrvApplication, public HudActions
+{
+public:
+    explicit TarnwickGame(const GameOptions& options);
+    ~TarnwickGame() override;
+
+    int GetScore() const { return m_score; }
+    unsigned int GetTurns() const { return m_turns; }
+    // Real seconds each turn took, first to last.
+    const std::vector<double>& GetTurnTimes() const { return m_turnTimes; }
+    const std::string& GetLastName() const { return m_lastName; }
+    bool IsRoundOver() const { return m_state != PLAYING && m_state != PAUSED; }
+    Hud* GetHud() const { return m_hud.get(); }
+    Hero* GetHero() const { return m_hero; }
+    // Where a point of the plane z = 0 appears in the window (pixels from the top-left corner).
+    OrvVector2D ScreenOf(const OrvVector3D& world) const;
+    // Keeps this frame in `<save folder>/<name>`, with where the score and the hero lie in it.
+    void RequestScreenshot(const std::string& name) { m_screenshot = name; }
+
+    void OnHudAction(Action action) override;
+
+protected:
+    void OnInitialise() override;
+    void OnTerminate() override;
+    void OnRenderWorld() override {}
+    void OnRenderHUD() override {}
+    void Update(float seconds) override;
+    void RenderHUD() override;
+    void ProcessInputEvent(const OrvInputEvent& event) override;
+
+private:
+    enum State
+    {
+        PLAYING,
+        PAUSED,
+        NAMING,
+        SCORES
+    };
+
+    void MakeDevices();
+    void StartRound();
+    void EndRound();
+    void Pause(bool pause);
+    void TakeName();
+    void ReadSteering();
+    void Collide();
+    void AddScore(int points, const std::string& news);
+    void SpawnGem(const OrvVector3D& position);
+    void SpawnCreature(int kind, const OrvVector3D& position);
+    void Sparkle(const OrvVector3D& position);
+    void ClearField();
+    void ToggleDebug();
+    void FollowWithDebugMarkers();
+    void PlayEffect(const char* name, float gain);
+    void StartMusic();
+    void TakeScreenshot();
+    void WriteReport() const;
+    std::string SavePath(const std::string& name) const { return m_options.saveDir + "/" + name; }
+    OrvVector3D RandomSpot() const;
+
+    static void RoundTick(OrvTimer* timer, void* game);
+    static void RoundOver(OrvTimer* timer, void* game);
+    static void SoundsStopped(void* game);
+    static void Footstep(OrvSpriteAnimationPlayer* player, void* game);
+    static void SparkleEnded(OrvSpriteAnimationPlayer* player, void* sparkle);
+
+    GameOptions m_options;
+    State m_state = PLAYING;
+    int m_score = 0;
+    unsigned int m_turns = 0;
+    std::vector<double> m_turnTimes;
+    double m_lastTurnStart = -1.0;
+    bool m_soundOn = true;
+    unsigned int m_soundsPlayed = 0;
+    bool m_debug = false;
+    std::string m_lastName;
+    std::string m_screenshot;
+    struct Shot
+    {
+        std::string file;
+        float scoreBox[4];
+        float heroBox[4];
+    };
+    std::vector<Shot> m_shots;
+
+    OrvSDLKeyboard* m_keyboard = nullptr;
+    OrvSDLMouse* m_mouse = nullptr;
+    OrvSDLJoypad* m_joypad = nullptr;
+    OrvFont* m_font = nullptr;
+    std::unique_ptr<Hud> m_hud;
+    std::unique_ptr<DemoScript> m_script;
+    OrvTimer* m_round = nullptr;
+    Hero* m_hero = nullptr;
+    std::vector<Actor*> m_gems;
+    std::vector<Creature*> m_creatures;
+    std::vector<OrvWidget*> m_debugMarkers;
+    HighScores m_highScores;
+};
+
+#endif
