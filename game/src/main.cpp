@@ -19,6 +19,21 @@
 
 namespace
 {
+// The most memory the process held at once (VmHWM), in kB; 0 where Linux does not say.
+long PeakMemoryKB()
+{
+    FILE* status = std::fopen("/proc/self/status", "r");
+    if (status == nullptr)
+        return 0;
+    char line[256];
+    long peak = 0;
+    while (std::fgets(line, sizeof(line), status) != nullptr)
+        if (std::sscanf(line, "VmHWM: %ld", &peak) == 1)
+            break;
+    std::fclose(status);
+    return peak;
+}
+
 void PrintFrameTimes(const TarnwickGame& game)
 {
     std::vector<double> times = game.GetTurnTimes();
@@ -76,7 +91,7 @@ int main(int argc, char** argv)
         return 1;
     }
     PrintFrameTimes(game);
-    std::printf("Tarnwick: last score %d%s%s\n", game.GetScore(), game.GetLastName().empty() ? "" : ", kept for ",
-                game.GetLastName().c_str());
+    std::printf("Tarnwick: last score %d%s%s; peak memory %.1f MB\n", game.GetScore(),
+                game.GetLastName().empty() ? "" : ", kept for ", game.GetLastName().c_str(), PeakMemoryKB() / 1024.0);
     return 0;
 }

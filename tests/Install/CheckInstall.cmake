@@ -1,5 +1,7 @@
 # Installs the built engine into a scratch prefix, then builds and runs a tiny
 # game against it, once through find_package and once through pkg-config.
+# With ORV_BUILD_ONLY the project in ORV_CONSUMER_DIR is only configured and
+# built through find_package.
 set(prefix ${ORV_WORK_DIR}/prefix)
 file(REMOVE_RECURSE ${ORV_WORK_DIR})
 # Games start in a folder holding their media path list.
@@ -30,6 +32,9 @@ endforeach()
 run(${CMAKE_COMMAND} -S ${ORV_CONSUMER_DIR} -B ${ORV_WORK_DIR}/consumer-build
     -DCMAKE_PREFIX_PATH=${prefix} "-DCMAKE_CXX_FLAGS=${flags}" "-DCMAKE_EXE_LINKER_FLAGS=${flags}")
 run(${CMAKE_COMMAND} --build ${ORV_WORK_DIR}/consumer-build)
+if(ORV_BUILD_ONLY)
+  return()
+endif()
 run(${ORV_WORK_DIR}/consumer-build/consumer)
 
 set(ENV{PKG_CONFIG_PATH} ${prefix}/${ORV_LIBDIR}/pkgconfig)
