@@ -11,7 +11,7 @@ const float kSight = 190.0f;
 const float kForget = 330.0f;
 }  // namespace
 
-Wandering::Wandering(Creature* creature) : OrvGameAssetState(creature), m_creature(creature) {}
+CreatureState::CreatureState(Creature* creature) : OrvGameAssetState(creature), m_creature(creature) {}
 
 void Wandering::Enter()
 {
@@ -33,8 +33,6 @@ bool Wandering::OnMessage(OrvMessage* message)
     return true;
 }
 
-Chasing::Chasing(Creature* creature) : OrvGameAssetState(creature), m_creature(creature) {}
-
 void Chasing::Enter()
 {
     m_creature->Steer(m_creature->GetPursuit());
@@ -53,8 +51,6 @@ void Chasing::Execute(float)
         m_creature->Become(Creature::WANDERING);
 }
 
-Escaping::Escaping(Creature* creature) : OrvGameAssetState(creature), m_creature(creature) {}
-
 void Escaping::Enter()
 {
     m_creature->Steer(m_creature->GetEvade());
@@ -66,16 +62,12 @@ void Escaping::Execute(float)
         m_creature->Become(Creature::WANDERING);
 }
 
-Recovering::Recovering(Creature* creature) : OrvGameAssetState(creature), m_creature(creature) {}
-
 void Recovering::Enter()
 {
     m_creature->Steer(m_creature->GetFlee());
     OrvMessageManager* messages = m_creature->GetGameAssetManager()->GetApplication()->GetMessageManager();
     messages->SendMessage(m_creature, m_creature, "calm", nullptr, 2);
 }
-
-void Recovering::Execute(float) {}
 
 bool Recovering::OnMessage(OrvMessage* message)
 {

@@ -216,11 +216,6 @@ OrvWidget* Hud::GetSoundButton() const
     return m_sound;
 }
 
-bool Hud::IsPointerOverMenu() const
-{
-    return m_menu->GetEnabled() && (m_menu->IsInUse() || m_options->IsInUse());
-}
-
 void Hud::Clicked(OrvWidget* button, OrvCursor*, void* hud)
 {
     Hud* self = static_cast<Hud*>(hud);

@@ -63,8 +63,6 @@ public:
     OrvWidget* GetSoundButton() const;
     OrvAutoTextField* GetNameField() const { return m_name; }
     OrvLabel* GetScoreLabel() const { return m_score; }
-    // True while the pointer is over a shown widget that takes clicks.
-    bool IsPointerOverMenu() const;
 
 private:
     static void Clicked(OrvWidget* button, OrvCursor* cursor, void* hud);
