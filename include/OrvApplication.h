@@ -95,6 +95,13 @@ public:
     // Waits until OpenGL has finished every command.
     void SyncWithGL();
 
+    // Whether the window opened by Initialise has depth and stencil buffers:
+    // on by default. A 2D game turns it off before Run() (or sets ORV_2D=1):
+    // a software rasteriser then fills much faster, and what is drawn later
+    // (the tree order) is on top.
+    void SetDepthAndStencil(bool on) { m_depthAndStencil = on; }
+    bool GetDepthAndStencil() const { return m_depthAndStencil; }
+
     // The screen box is the part of the plane z = 0 that the world camera sees;
     // false while the camera or the box is missing.
     bool UpdateScreenBox();
@@ -148,6 +155,7 @@ private:
     bool m_paused;
     unsigned int m_previousAppState;
     unsigned int m_currentAppState;
+    bool m_depthAndStencil;
 };
 
 #endif

@@ -52,9 +52,6 @@ private:
     OrvBlendFactor m_dstBlendFactor;
     OrvTexture* m_textureUnits[2];
     OrvEffect* m_effect;
-    // View × model as last handed to the shaders; kept so that activating
-    // allocates nothing.
-    OrvMatrix m_modelView;
 };
 
 #endif

@@ -14,6 +14,7 @@ class OrvTexture;
 class OrvVector3D;
 class OrvVertex;
 typedef struct OrvCgContextHandle* CGcontext;
+typedef struct OrvCgParameterHandle* CGparameter;
 
 // These enumerations hold any int: the operations that take them refuse
 // values outside their lists.
@@ -90,6 +91,21 @@ public:
     virtual void SetTextureUnit(OrvTextureUnit unit, OrvTexture* texture);
     virtual void SetClearColor(const OrvColor& color) = 0;
 
+    // Batching: while it is on, the geometry sent between Begin and End is
+    // collected and drawn later, many brackets in one draw call: when
+    // something it depends on changes (the shader programs and their
+    // parameters, the blend function, a texture), when the collection is
+    // full, at the end of each of the application's render passes and
+    // around its hooks, before a frame is presented or cleared, and at
+    // Flush. While it is off, each End draws at once. The application turns
+    // it on for its render passes; it is off otherwise.
+    // Draws whatever was collected: call it before reading pixels or
+    // drawing with OpenGL directly in the middle of a pass. Nothing in this base.
+    virtual void Flush();
+    virtual void SetBatching(bool on);
+    // Always false in this base.
+    virtual bool GetBatching() const;
+
     // The four numbers are not used.
     bool Init(unsigned int x, unsigned int y, unsigned int width, unsigned int height);
     void CreateContext();
@@ -104,6 +120,9 @@ public:
     OrvMatrix& PeekMatrix(OrvTransMatrix kind);
     void PushMatrix(OrvTransMatrix kind);
     void PushIdentityMatrix(OrvTransMatrix kind);
+    // PushMatrix then LoadMatrix(kind, matrix), with one copy; fails as
+    // PushMatrix does.
+    void PushMatrix(OrvTransMatrix kind, const OrvMatrix& matrix);
     OrvMatrix PopMatrix(OrvTransMatrix kind);
     void LoadMatrix(OrvTransMatrix kind, const OrvMatrix& matrix);
     void LoadIdentityMatrix(OrvTransMatrix kind);
@@ -114,6 +133,9 @@ public:
     OrvMatrix GetModelViewTranslation();
     // The same into `result`, without allocating.
     void GetModelViewTranslation(OrvMatrix& result);
+    // The same into a matrix of the renderer's own, valid until the next call:
+    // what a pass hands its shaders on activation.
+    const OrvMatrix& ComputeModelView();
     // PopMatrix without handing the matrix back (and so without copying it);
     // fails as PopMatrix does.
     void DiscardMatrix(OrvTransMatrix kind);
@@ -130,6 +152,17 @@ public:
     bool GetRendering() const { return m_rendering; }
 
 protected:
+    // Throws the "before initialising" message unless initialised.
+    void RequireInitialized(const char* message) const;
+    // Throws the "while rendering" message while inside Begin/End.
+    void RequireNotRendering(const char* message) const;
+    // The parameter of that name in the effect's vertex program, else in its
+    // fragment program; throws OrvRendererException when neither has it.
+    CGparameter FindEffectParameter(OrvEffect* effect, const char* name) const;
+    // Hands `value` to the parameter as its type says (SetEffectParameter's
+    // table); throws OrvRendererException for another type.
+    void SetParameterValue(CGparameter parameter, const void* value);
+
     bool m_cgContextCreated;
     OrvApplication* m_application;
     // 0: OpenGL.
@@ -141,14 +174,10 @@ protected:
 private:
     // The stack of that kind, or null for an unhandled kind.
     OrvTStack<OrvMatrix>* Stack(OrvTransMatrix kind);
-    // Throws the "before initialising" message unless initialised.
-    void RequireInitialized(const char* message) const;
-    // Throws the "while rendering" message while inside Begin/End.
-    void RequireNotRendering(const char* message) const;
-
     OrvTStack<OrvMatrix> m_modelStack;
     OrvTStack<OrvMatrix> m_viewStack;
     OrvTStack<OrvMatrix> m_projectionStack;
+    OrvMatrix m_modelView;
     OrvColorMaterial* m_colorMaterial;
     OrvEffectManager* m_effectManager;
     unsigned int m_viewportX;

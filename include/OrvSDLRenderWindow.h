@@ -15,6 +15,13 @@ struct SDL_Surface;
 // ORV_WINDOWED is set (to anything but "" or "0"), Create opens a window even
 // where full screen is asked for, and the stored flag says false.
 //
+// The window has a depth buffer and an 8-bit stencil buffer unless told
+// otherwise before Create (SetDepthAndStencil(false), or the environment
+// variable ORV_2D set to anything but "" or "0"): a 2D game needs neither,
+// and a software rasteriser fills faster without them. Without a depth
+// buffer the depth test lets everything through, so what is drawn last is
+// on top.
+//
 // Failures of SDL (no display, no OpenGL visual) throw OrvRendererException
 // with SDL's own error text.
 class OrvSDLRenderWindow : public OrvRenderWindow
@@ -35,6 +42,11 @@ public:
     void ToggleFullScreen() override;
     void SetWindowSize(unsigned int width, unsigned int height) override;
 
+    // Asked for before Create (and kept for later video modes). Off also when
+    // ORV_2D is set.
+    void SetDepthAndStencil(bool on) { m_depthAndStencil = on; }
+    bool GetDepthAndStencil() const { return m_depthAndStencil; }
+
     // The surface of the last video mode set; not owned, null before Create.
     SDL_Surface* GetSurface() const { return m_surface; }
     // The flags handed to the last SDL_SetVideoMode, 0 before Create.
@@ -47,6 +59,7 @@ private:
 
     SDL_Surface* m_surface;
     unsigned int m_videoModeFlags;
+    bool m_depthAndStencil;
     // What this window brought up in SDL, and so takes down again.
     bool m_startedSDL;
     unsigned int m_startedSubsystems;

@@ -44,6 +44,38 @@ namespace
 {
 // The world and HUD cameras start here.
 const OrvVector3D kCameraPosition(0.0f, 0.0f, 870.0f);
+
+// The renderer batches for the length of one render pass, and is left as it
+// was found (and flushed) when the pass ends, also by an exception.
+class BatchingPass
+{
+public:
+    explicit BatchingPass(OrvRenderer* renderer)
+        : m_renderer(renderer), m_was(renderer != nullptr && renderer->GetBatching())
+    {
+        if (m_renderer != nullptr)
+            m_renderer->SetBatching(true);
+    }
+    ~BatchingPass()
+    {
+        if (m_renderer != nullptr)
+            m_renderer->SetBatching(m_was);
+    }
+    BatchingPass(const BatchingPass&) = delete;
+    BatchingPass& operator=(const BatchingPass&) = delete;
+
+    // Draws what was collected: a game's hook, or the next part of the
+    // frame, sees everything drawn before it.
+    void Flush()
+    {
+        if (m_renderer != nullptr)
+            m_renderer->Flush();
+    }
+
+private:
+    OrvRenderer* m_renderer;
+    bool m_was;
+};
 }  // namespace
 
 OrvApplication::OrvApplication()
@@ -69,7 +101,8 @@ OrvApplication::OrvApplication()
       m_screenBox(nullptr),
       m_paused(false),
       m_previousAppState(0),
-      m_currentAppState(0)
+      m_currentAppState(0),
+      m_depthAndStencil(true)
 {
 }
 
@@ -141,7 +174,9 @@ void OrvApplication::Run()
 
 void OrvApplication::Initialise(unsigned int width, unsigned int height)
 {
-    m_window = new OrvSDLRenderWindow();
+    OrvSDLRenderWindow* window = new OrvSDLRenderWindow();
+    m_window = window;
+    window->SetDepthAndStencil(m_depthAndStencil);
     m_window->Create("The Tarnwick", width, height, true);
     m_fileManager = new OrvFileManager();
     LoadMediaPaths();
@@ -252,11 +287,15 @@ void OrvApplication::RenderWorld()
         m_gameAssetManager->MonitorCleanUp();
     if (m_worldCamera != nullptr)
         m_worldCamera->ActivatePerspective();
+    BatchingPass pass(m_renderer);
     OnRenderWorld();
+    pass.Flush();
     if (m_worldRoot != nullptr)
         m_worldRoot->Render();
+    pass.Flush();
     if (m_debugRoot != nullptr)
         m_debugRoot->Render();
+    pass.Flush();
     if (m_renderer != nullptr)
         m_renderer->LoadIdentityMatrix(TRANS_MATRIX_MODEL);
 }
@@ -270,12 +309,16 @@ void OrvApplication::RenderHUD()
     if (m_hudRoot != nullptr && m_renderer != nullptr)
         m_hudRoot->SetPosition(OrvVector3D(static_cast<float>(m_renderer->GetViewportWidth()) * 0.5f,
                                            static_cast<float>(m_renderer->GetViewportHeight()) * 0.5f, 0.0f));
+    BatchingPass pass(m_renderer);
     OnRenderHUD();
+    pass.Flush();
     if (m_hudRoot != nullptr)
         m_hudRoot->Render();
+    pass.Flush();
     // Cursors on top.
     for (unsigned int i = 0; i < m_cursors.GetCount(); ++i)
         m_cursors[i]->Render();
+    pass.Flush();
     if (m_renderer != nullptr)
         m_renderer->LoadIdentityMatrix(TRANS_MATRIX_MODEL);
 }
@@ -436,5 +479,7 @@ bool OrvApplication::GetFullScreen() const
 
 void OrvApplication::SyncWithGL()
 {
+    if (m_renderer != nullptr)
+        m_renderer->Flush();
     glFinish();
 }

@@ -69,8 +69,9 @@ void OrvPass::Activate()
     if (m_renderer == nullptr)
         ORV_THROW(OrvRendererException, "You tried to activate a pass that was never created", kSource);
     m_renderer->ActivatePass(this);
-    m_renderer->GetModelViewTranslation(m_modelView);
-    m_renderer->SetEffectParameter(m_effect, "in_m44ModelView", &m_modelView);
+    // The renderer's own matrix: activating allocates nothing.
+    const OrvMatrix& modelView = m_renderer->ComputeModelView();
+    m_renderer->SetEffectParameter(m_effect, "in_m44ModelView", const_cast<OrvMatrix*>(&modelView));
     m_renderer->SetEffectParameter(m_effect, "in_m44Proj", &m_renderer->PeekMatrix(TRANS_MATRIX_PROJECTION));
 }
 

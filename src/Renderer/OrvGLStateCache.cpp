@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "OrvGLBatch.h"
 #include "OrvShaderRuntime.h"
 
 namespace
@@ -40,6 +41,7 @@ void ActiveTexture(State& state, unsigned int unit)
 {
     if (state.caching && state.activeUnit == unit)
         return;
+    OrvGLBatch::StateChanging();
     OrvGL::glActiveTexture(GL_TEXTURE0 + unit);
     state.activeUnit = unit;
     ++state.stats.activeTextureCalls;
@@ -49,6 +51,7 @@ void Bind(State& state, unsigned int unit, unsigned int name)
 {
     if (state.caching && unit < kUnits && state.bound[unit] == name)
         return;
+    OrvGLBatch::StateChanging();
     glBindTexture(GL_TEXTURE_2D, name);
     if (unit < kUnits)
         state.bound[unit] = name;
@@ -62,6 +65,7 @@ void Bind(State& state, unsigned int unit, unsigned int name)
 
 void OrvGLStateCache::Invalidate()
 {
+    OrvGLBatch::StateChanged();
     State& state = TheState();
     state.blendSource = kUnknown;
     state.blendDestination = kUnknown;
@@ -76,6 +80,7 @@ void OrvGLStateCache::BlendFunc(unsigned int source, unsigned int destination)
     State& state = TheState();
     if (state.caching && state.blendSource == source && state.blendDestination == destination)
         return;
+    OrvGLBatch::StateChanging();
     glBlendFunc(source, destination);
     state.blendSource = source;
     state.blendDestination = destination;
@@ -93,6 +98,7 @@ void OrvGLStateCache::SetTextureUnit(unsigned int unit, unsigned int name, int f
     Bind(state, unit, name);
     if (state.caching && known)
         return;
+    OrvGLBatch::StateChanging();
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, filter);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, filter);
     glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, static_cast<GLfloat>(wrap));
@@ -113,6 +119,7 @@ void OrvGLStateCache::BindTextureOnActiveUnit(unsigned int name)
 
 void OrvGLStateCache::ForgetTexture(unsigned int name)
 {
+    OrvGLBatch::StateChanged();
     State& state = TheState();
     if (name < state.parameters.size())
         state.parameters[name] = 0u;

@@ -3,6 +3,7 @@
 #include <GL/gl.h>
 
 #include "OrvApplication.h"
+#include "OrvGLBatch.h"
 #include "OrvGLStateCache.h"
 #include "OrvImageFile.h"
 #include "OrvRenderer.h"
@@ -45,6 +46,7 @@ void OrvOpenGLTexture::DeleteOpenGLName()
     if (m_openGLName == kNoName)
         return;
     const GLuint name = m_openGLName;
+    OrvGLBatch::StateChanging();
     glDeleteTextures(1, &name);
     OrvGLStateCache::ForgetTexture(name);
     m_openGLName = kNoName;
@@ -89,6 +91,8 @@ bool OrvOpenGLTexture::CreateMiMapLevels(unsigned int levels, OrvImageFile* imag
     // the largest level.
     if (image->GetData() == nullptr || width > image->GetImageDataSize() / bytesPerPixel / height)
         return false;
+    // Geometry waiting for the draw may show this texture's old contents.
+    OrvGLBatch::StateChanging();
     // Rows are packed, whatever their length.
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
     for (unsigned int level = 0; level < levels; ++level)

@@ -33,6 +33,7 @@ OrvRenderer::OrvRenderer(OrvApplication* application)
       m_modelStack(kStackCapacity),
       m_viewStack(kStackCapacity),
       m_projectionStack(kStackCapacity),
+      m_modelView(),
       m_colorMaterial(nullptr),
       m_effectManager(nullptr),
       m_viewportX(0),
@@ -184,6 +185,11 @@ void OrvRenderer::SetEffectParameter(OrvEffect* effect, const char* name, void* 
 {
     RequireInitialized("You tried to set an effect parameter before initialising the renderer");
     RequireNotRendering("You tried to set an effect parameter while rendering");
+    SetParameterValue(FindEffectParameter(effect, name), value);
+}
+
+CGparameter OrvRenderer::FindEffectParameter(OrvEffect* effect, const char* name) const
+{
     CGparameter parameter = nullptr;
     if (effect != nullptr && effect->Declared())
     {
@@ -193,6 +199,11 @@ void OrvRenderer::SetEffectParameter(OrvEffect* effect, const char* name, void* 
     }
     if (parameter == nullptr)
         ORV_THROW(OrvRendererException, "You tried to set an effect parameter that doesn't exist", kSource);
+    return parameter;
+}
+
+void OrvRenderer::SetParameterValue(CGparameter parameter, const void* value)
+{
     switch (cgGetParameterType(parameter))
     {
     case CG_FLOAT:
@@ -216,6 +227,15 @@ void OrvRenderer::SetTextureUnit(OrvTextureUnit, OrvTexture*)
 {
     RequireInitialized("You tried to set a texture unit before initialising the renderer");
     RequireNotRendering("You tried to set a texture unit while rendering");
+}
+
+void OrvRenderer::Flush() {}
+
+void OrvRenderer::SetBatching(bool) {}
+
+bool OrvRenderer::GetBatching() const
+{
+    return false;
 }
 
 void OrvRenderer::RenderLine(const OrvVector3D& from, const OrvVector3D& to, const OrvColor& color)
@@ -256,6 +276,14 @@ void OrvRenderer::PushMatrix(OrvTransMatrix kind)
     // The copy lands in the next slot, so the top itself can be its source.
     OrvMatrix& top = PeekMatrix(kind);
     Stack(kind)->Push(top);
+}
+
+void OrvRenderer::PushMatrix(OrvTransMatrix kind, const OrvMatrix& matrix)
+{
+    // Peeked first, so that an unhandled kind or an empty stack fails as
+    // PushMatrix fails.
+    PeekMatrix(kind);
+    Stack(kind)->Push(matrix);
 }
 
 void OrvRenderer::PushIdentityMatrix(OrvTransMatrix kind)
@@ -311,6 +339,12 @@ OrvMatrix OrvRenderer::GetModelViewTranslation()
 void OrvRenderer::GetModelViewTranslation(OrvMatrix& result)
 {
     result.SetProduct(PeekMatrix(TRANS_MATRIX_VIEW), PeekMatrix(TRANS_MATRIX_MODEL));
+}
+
+const OrvMatrix& OrvRenderer::ComputeModelView()
+{
+    GetModelViewTranslation(m_modelView);
+    return m_modelView;
 }
 
 void OrvRenderer::DiscardMatrix(OrvTransMatrix kind)

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 
+#include "OrvGLBatch.h"
 #include "OrvRendererException.h"
 
 namespace
@@ -16,17 +17,23 @@ static_assert(OrvSDLRenderWindow::kCreateFlags == (SDL_HWSURFACE | SDL_OPENGL | 
 static_assert(OrvSDLRenderWindow::kResetFlags == (SDL_OPENGL | SDL_HWPALETTE), "video mode flags at mode changes");
 static_assert(OrvSDLRenderWindow::kFullScreenFlag == SDL_FULLSCREEN, "full-screen flag");
 
-// Development override: a window instead of full screen.
-bool WindowedForced()
+// An environment switch: set to anything but "" or "0".
+bool Switched(const char* variable)
 {
-    const char* value = std::getenv("ORV_WINDOWED");
+    const char* value = std::getenv(variable);
     return value != nullptr && value[0] != '\0' && !(value[0] == '0' && value[1] == '\0');
 }
 
-void SetGLAttributes()
+void SetGLAttributes(bool depthAndStencil)
 {
     SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
-    SDL_GL_SetAttribute(SDL_GL_STENCIL_SIZE, 8);
+    if (depthAndStencil)
+        SDL_GL_SetAttribute(SDL_GL_STENCIL_SIZE, 8);
+    else
+    {
+        SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 0);
+        SDL_GL_SetAttribute(SDL_GL_STENCIL_SIZE, 0);
+    }
 }
 
 // SDL's error text, kept for the process so an exception can carry it.
@@ -37,7 +44,12 @@ const char* SDLError()
 }  // namespace
 
 OrvSDLRenderWindow::OrvSDLRenderWindow()
-    : OrvRenderWindow(), m_surface(nullptr), m_videoModeFlags(0), m_startedSDL(false), m_startedSubsystems(0)
+    : OrvRenderWindow(),
+      m_surface(nullptr),
+      m_videoModeFlags(0),
+      m_depthAndStencil(true),
+      m_startedSDL(false),
+      m_startedSubsystems(0)
 {
 }
 
@@ -81,10 +93,13 @@ void OrvSDLRenderWindow::Create(const char* caption, unsigned int width, unsigne
         if (height == kDesktopSize)
             m_height = desktopHeight;
     }
-    if (m_fullScreen && WindowedForced())
+    // Development overrides.
+    if (m_fullScreen && Switched("ORV_WINDOWED"))
         m_fullScreen = false;
+    if (Switched("ORV_2D"))
+        m_depthAndStencil = false;
 
-    SetGLAttributes();
+    SetGLAttributes(m_depthAndStencil);
     SetVideoMode(0, kCreateFlags | (m_fullScreen ? kFullScreenFlag : 0));
     if (!m_fullScreen)
         SDL_WM_SetCaption(m_caption, nullptr);
@@ -93,6 +108,8 @@ void OrvSDLRenderWindow::Create(const char* caption, unsigned int width, unsigne
 
 void OrvSDLRenderWindow::SwapBuffers()
 {
+    // The frame shows everything sent for it.
+    OrvGLBatch::FlushCurrent();
     SDL_GL_SwapBuffers();
 }
 
@@ -110,7 +127,9 @@ void OrvSDLRenderWindow::SetWindowSize(unsigned int width, unsigned int height)
 
 void OrvSDLRenderWindow::ResetVideoMode()
 {
-    SetGLAttributes();
+    // The context goes with the video mode, and with it the right to draw.
+    OrvGLBatch::StateChanging();
+    SetGLAttributes(m_depthAndStencil);
     SetVideoMode(32, kResetFlags | (m_fullScreen ? kFullScreenFlag : 0));
 }
 

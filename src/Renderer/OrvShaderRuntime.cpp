@@ -1,5 +1,7 @@
 #include "OrvShaderRuntime.h"
 
+#include "OrvGLBatch.h"
+
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -252,6 +254,8 @@ std::string ProgramLog(GLuint program)
 
 void UseProgram(GLuint program)
 {
+    // Geometry waiting for the draw was sent for the program in use.
+    OrvGLBatch::StateChanging();
     OrvGL::glUseProgram(program);
     ++g.stats.useProgramCalls;
 }
@@ -509,6 +513,7 @@ void Upload(Uniform& uniform, const Parameter& parameter)
         uniform.uploadedSerial = parameter.serial;
         return;
     }
+    OrvGLBatch::StateChanging();
     switch (parameter.kind)
     {
     case kValueFloat1: OrvGL::glUniform1f(uniform.location, parameter.value.floats[0]); break;
@@ -682,6 +687,8 @@ CGcontext cgCreateContext()
 
 void cgDestroyContext(CGcontext handle)
 {
+    // What the renderer bound last may no longer be bound.
+    OrvGLBatch::StateChanged();
     const int slot = ContextSlot(handle);
     if (slot < 0)
     {
@@ -866,6 +873,8 @@ void cgGLUnloadProgram(CGprogram handle)
 
 void cgDestroyProgram(CGprogram handle)
 {
+    // What the renderer bound last may no longer be bound.
+    OrvGLBatch::StateChanged();
     const int slot = ProgramSlot(handle);
     if (slot < 0)
     {
@@ -879,6 +888,8 @@ void cgDestroyProgram(CGprogram handle)
 
 void cgGLEnableProfile(CGprofile profile)
 {
+    // What the renderer bound last may no longer be bound.
+    OrvGLBatch::StateChanged();
     const int stage = StageOf(profile);
     if (stage < 0)
     {
@@ -894,6 +905,8 @@ void cgGLEnableProfile(CGprofile profile)
 
 void cgGLDisableProfile(CGprofile profile)
 {
+    // What the renderer bound last may no longer be bound.
+    OrvGLBatch::StateChanged();
     const int stage = StageOf(profile);
     if (stage < 0)
     {
@@ -906,6 +919,8 @@ void cgGLDisableProfile(CGprofile profile)
 
 void cgGLBindProgram(CGprogram handle)
 {
+    // What the renderer bound last may no longer be bound.
+    OrvGLBatch::StateChanged();
     const int slot = ProgramSlot(handle);
     if (slot < 0)
     {
@@ -980,6 +995,8 @@ void SetValue(CGparameter handle, ValueKind kind, const char* operation, const v
     }
     write(parameter->value);
     parameter->serial = ++g.serialCounter;
+    // Whoever remembered this parameter's value must look again.
+    OrvGLBatch::StateChanged();
     Apply(slot, index);
 }
 }
@@ -1020,6 +1037,8 @@ void OrvShaderRuntimeResetStats()
 
 void OrvShaderRuntimeSetCaching(bool enabled)
 {
+    // What the renderer bound last may no longer be bound.
+    OrvGLBatch::StateChanged();
     g.caching = enabled;
 }
 

@@ -411,6 +411,43 @@ TEST(OrvApplication, TheTreesUpdateAndDrawAroundTheirRoots)
     EXPECT_EQ(0u, game.GetGameAssetManager()->GetGameAssetCount());
 }
 
+// Two overlapping HUD squares, siblings in one parent: the first nearer the
+// viewer (z -0.1, red), the second farther (z -0.5, blue) but drawn later.
+// The colour at the centre with and without the window's depth buffer.
+unsigned int OverlapColour(bool depthAndStencil)
+{
+    OrvGameFolder folder;
+    OrvTestGame game;
+    game.SetDepthAndStencil(depthAndStencil);
+    game.Initialise(64, 64);
+    OrvGameAssetManager* assets = game.GetGameAssetManager();
+    OrvGameAssetDesc desc;
+    desc.position.Set(0.0f, 0.0f, -0.5f);
+    OrvGameAsset* parent = assets->CreateGameAsset<OrvGameAsset, OrvGameAssetDesc>(&desc);
+    parent->AttachTo(game.GetHUDRoot());
+    const float depths[2] = {0.4f, 0.0f};
+    const OrvColor colours[2] = {OrvColor(1.0f, 0.0f, 0.0f, 1.0f), OrvColor(0.0f, 0.0f, 1.0f, 1.0f)};
+    for (int i = 0; i < 2; ++i)
+    {
+        desc.position.Set(0.0f, 0.0f, depths[i]);
+        OrvGameAsset* square = assets->CreateGameAsset<OrvGameAsset, OrvGameAssetDesc>(&desc);
+        square->SetMesh(SquareMesh(game.GetRenderer(), 32.0f, colours[i]));
+        square->AttachTo(parent);
+    }
+    game.GetRenderer()->PreRender();
+    game.RenderWorld();
+    game.RenderHUD();
+    const unsigned int colour = PixelAt(32, 32);
+    game.Term();
+    return colour;
+}
+
+TEST(OrvApplication, WithoutADepthBufferWhatIsDrawnLastIsOnTop)
+{
+    EXPECT_EQ(0xFF0000u, OverlapColour(true)) << "the depth test keeps the nearer square";
+    EXPECT_EQ(0x0000FFu, OverlapColour(false)) << "the tree order decides";
+}
+
 TEST(OrvApplication, TheApplicationListensFirstAndLetsGoAtTerm)
 {
     class Listening : public OrvTestGame

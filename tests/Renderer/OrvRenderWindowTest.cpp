@@ -21,12 +21,14 @@ protected:
     void SetUp() override
     {
         unsetenv("ORV_WINDOWED");
+        unsetenv("ORV_2D");
         unsetenv("SDL_VIDEODRIVER");
         ASSERT_EQ(0u, SDL_WasInit(SDL_INIT_EVERYTHING)) << "SDL left running by an earlier test";
     }
     void TearDown() override
     {
         unsetenv("ORV_WINDOWED");
+        unsetenv("ORV_2D");
         unsetenv("SDL_VIDEODRIVER");
         EXPECT_EQ(0u, SDL_WasInit(SDL_INIT_EVERYTHING)) << "the window did not take SDL down";
         SDL_Quit();
@@ -183,6 +185,38 @@ TEST_F(OrvRenderWindowTest, FailingVideoThrowsSDLTextAndLeavesSDLDown)
     }
     EXPECT_EQ(SDL_INIT_VIDEO, SDL_WasInit(SDL_INIT_EVERYTHING)) << "video belonged to the caller";
     SDL_Quit();
+}
+
+TEST_F(OrvRenderWindowTest, DepthAndStencilBuffersCanBeLeftOut)
+{
+    const auto bits = [](GLenum which) {
+        GLint value = -1;
+        glGetIntegerv(which, &value);
+        return value;
+    };
+    {
+        OrvSDLRenderWindow window;
+        window.Create(kCaption, 64, 48, false);
+        EXPECT_GE(bits(GL_DEPTH_BITS), 16);
+        EXPECT_EQ(8, bits(GL_STENCIL_BITS));
+        // Kept through a change of video mode.
+        window.SetWindowSize(80, 60);
+        EXPECT_GE(bits(GL_DEPTH_BITS), 16);
+    }
+    {
+        OrvSDLRenderWindow window;
+        window.SetDepthAndStencil(false);
+        window.Create(kCaption, 64, 48, false);
+        EXPECT_EQ(0, bits(GL_DEPTH_BITS));
+        EXPECT_EQ(0, bits(GL_STENCIL_BITS));
+        window.SetWindowSize(80, 60);
+        EXPECT_EQ(0, bits(GL_DEPTH_BITS));
+    }
+    setenv("ORV_2D", "1", 1);
+    OrvSDLRenderWindow window;
+    window.Create(kCaption, 64, 48, false);
+    EXPECT_FALSE(window.GetDepthAndStencil());
+    EXPECT_EQ(0, bits(GL_DEPTH_BITS));
 }
 
 TEST_F(OrvRenderWindowTest, GLerrorsCheckReturnsAndClearsGLError)

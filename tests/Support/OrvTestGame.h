@@ -11,6 +11,7 @@
 #include <dlfcn.h>
 #include <link.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -150,8 +151,11 @@ inline ::testing::AssertionResult PixelIs(int x, int y, unsigned int rgb)
         const int a = static_cast<int>((got >> shift) & 0xFF);
         const int b = static_cast<int>((rgb >> shift) & 0xFF);
         if (std::abs(a - b) > 1)
-            return ::testing::AssertionFailure() << "pixel " << x << "," << y << " is 0x" << std::hex << got
-                                                 << ", expected 0x" << rgb;
+        {
+            char text[80];
+            std::snprintf(text, sizeof(text), "pixel %d,%d is 0x%06X, expected 0x%06X", x, y, got, rgb);
+            return ::testing::AssertionFailure() << text;
+        }
     }
     return ::testing::AssertionSuccess();
 }
