@@ -89,6 +89,7 @@ public:
     void DeleteAllChildren();
 
     void SetRenderAndEnabled(bool on);
+    // Marking tells the manager, whose next clean-up destroys the asset.
     void SetToDelete(bool toDelete, bool recursive);
     void SetRenderBoundingBox(bool render, bool recursive);
     void SetBoundingBoxColor(const OrvColor& color, bool recursive);
@@ -116,12 +117,25 @@ protected:
     // elements while visible, the other children; in the asset's transform.
     void RenderSubtree(bool drawMesh);
 
+private:
+    // Drawing thousands of assets is bound by memory, not by arithmetic:
+    // each one's data sits in a chain of objects (asset, matrix, mesh,
+    // vertices and material, pass), each a cache miss. While one child is
+    // drawn, the next ones are asked for, each a step further along its
+    // chain, so that their misses overlap with the work instead of adding up.
+    static const unsigned int kPrefetchStages = 5;
+    void PrefetchChildren(unsigned int index) const;
+    void PrefetchForRender(unsigned int stage) const;
+
+protected:
+
     OrvGameAssetManager* m_manager;
     int m_id;
     OrvUnicode m_name;
     OrvUnicode m_type;
     bool m_render;
     bool m_enabled;
+    // Changed only through SetToDelete, which tells the manager.
     bool m_toDelete;
     OrvVector3D m_lastPosition;
     OrvVector3D m_lastScale;

@@ -1,6 +1,9 @@
 #ifndef ORV_GAME_ASSET_MANAGER_H
 #define ORV_GAME_ASSET_MANAGER_H
 
+#include <unordered_map>
+#include <unordered_set>
+
 #include "OrvException.h"
 #include "OrvTArray.h"
 
@@ -15,6 +18,11 @@ class OrvGameAsset;
 // unmarked parent, and each unmarked asset from a marked parent, so that no
 // tree keeps a pointer to a destroyed asset. The manager's destructor
 // destroys the assets still registered.
+//
+// Creating, registering and marking take constant time whatever the number
+// of assets (an index of the registered pointers and of the IDs in use sits
+// beside the list); a clean-up walks the list only when something was
+// marked since the last one, and takes the marked assets off it in one pass.
 class OrvGameAssetManager
 {
 public:
@@ -44,7 +52,7 @@ public:
                 copy.ID = ++m_lastID;
             else if (m_lastID <= copy.ID)
                 m_lastID = copy.ID + 1;
-            if (GetGameAssetByID(copy.ID) != nullptr)
+            if (HasID(copy.ID))
                 ORV_THROW(OrvException, "You tried to create a game asset with an ID that already exists",
                           "include/OrvGameAssetManager");
         }
@@ -67,6 +75,9 @@ public:
     OrvGameAsset* GetGameAsset(unsigned int index) const { return m_gameAssets[index]; }
     unsigned int GetGameAssetCount() const { return m_gameAssets.GetSize(); }
     OrvGameAsset* GetGameAssetByID(int id) const;
+    // A registered asset has that ID.
+    bool HasID(int id) const { return m_idCounts.find(id) != m_idCounts.end(); }
+    bool IsRegistered(const OrvGameAsset* asset) const { return m_registered.count(asset) != 0; }
     // Marks a registered asset and its subtree; anything else is ignored.
     void DeleteGameAsset(OrvGameAsset* asset);
     void DeleteGameAssetByID(int id);
@@ -75,6 +86,9 @@ public:
     // CleanUp when something was marked since the last one.
     void MonitorCleanUp();
     bool CleanUpNeeded() const { return m_cleanUpNeeded; }
+    // One of this manager's assets was marked (OrvGameAsset::SetToDelete
+    // says so): the next clean-up has work.
+    void NoteMarked() { m_cleanUpNeeded = true; }
     // Destroys every registered asset.
     void DeleteGameAssets();
 
@@ -83,6 +97,8 @@ public:
 
 private:
     void UntieMarkedAssets();
+    // Takes the asset out of the indexes (not off the list).
+    void Forget(const OrvGameAsset* asset);
 
     OrvApplication* m_application;
     OrvTArray<OrvGameAsset> m_gameAssets;
@@ -90,6 +106,9 @@ private:
     bool m_cleanUpNeeded;
     // False for a copy: it destroys nothing it shares.
     bool m_ownsAssets;
+    // The list's members, and how many registered assets hold each ID.
+    std::unordered_set<const OrvGameAsset*> m_registered;
+    std::unordered_map<int, unsigned int> m_idCounts;
 };
 
 #endif

@@ -32,6 +32,8 @@ public:
     void ActivatePass(unsigned int pass);
 
     OrvRenderer* GetRenderer() const { return m_renderer; }
+    // Asks the cache for the pass list (stage 0), then the first pass (1).
+    void Prefetch(unsigned int stage) const;
 
 protected:
     // Adds a pass drawing with `shaderFile` (both programs), blended by the

@@ -46,6 +46,11 @@ public:
     void Render();
 
     OrvRenderer* GetRenderer() const { return m_renderer; }
+    // Asks the cache for the parts drawing reads, one step of their chain a
+    // call (stage 0: the vertex list and the material; 1: the vertices and
+    // the material's pass list; 2: the pass). Reads nothing that stage
+    // stage - 1 did not ask for.
+    void Prefetch(unsigned int stage) const;
 
 private:
     void SendVertices();

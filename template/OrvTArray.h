@@ -114,6 +114,8 @@ public:
     }
 
     unsigned int GetSize() const { return m_size; }
+    // The block of pointers itself (null when empty).
+    T* const* GetData() const { return m_data; }
     unsigned int GetCapacity() const { return m_capacity; }
     unsigned int GetGranularity() const { return m_granularity; }
 

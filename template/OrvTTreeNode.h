@@ -6,6 +6,12 @@
 
 // Base of the engine's trees (game assets, XML elements). T is the derived node
 // class itself. A node does not own its children.
+//
+// AddChild and RemoveChild keep each child's parent pointer in step with the
+// parent's list, so "is it already a child?" is answered by the pointer
+// alone in the common case of a child without a parent: adding N children
+// costs N steps, not N²/2. Setting a parent by hand (SetParent) bypasses the
+// list; the tree's own operations never do.
 template <class T>
 class OrvTTreeNode
 {
@@ -18,12 +24,15 @@ public:
 
     void AddChild(T* child)
     {
-        if (child != nullptr && m_children.Contains(child))
-            return;
         if (child == nullptr)
             ORV_THROW(OrvTreeNodeException, "You tried to add a Null pointer as a child", "template/OrvTTreeNode");
         if (child->GetParent() != nullptr)
+        {
+            // Already one of the children: nothing happens.
+            if (m_children.Contains(child))
+                return;
             ORV_THROW(OrvTreeNodeException, "You tried to add a child that already has a parent", "template/OrvTTreeNode");
+        }
         m_children.Add(child);
         child->SetParent(static_cast<T*>(this));
     }

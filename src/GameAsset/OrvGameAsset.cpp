@@ -99,53 +99,100 @@ void OrvGameAsset::Create(OrvGameAssetDesc* desc)
     RefreshPosition(true);
 }
 
+namespace
+{
+// Column 4 of a matrix that the position translates: what identity then
+// Translate leaves there (0 + each component) and so also what the products
+// T × R × S put in the local matrix's column 4.
+void SetTranslation(OrvMatrix& matrix, const OrvVector3D& p)
+{
+    matrix.Set(1, 4, 0.0f + p.X);
+    matrix.Set(2, 4, 0.0f + p.Y);
+    matrix.Set(3, 4, 0.0f + p.Z);
+}
+
+// local = T × R × S without the two products: with T a translation, R a
+// rotation about Z and S a scale, the upper 3 × 3 block is R's with its
+// columns scaled, column 4 is the translation, row 4 is (0, 0, 0, 1). Every
+// element equals the one the products give (the terms they add are zeros).
+void ComposeLocal(OrvMatrix& local, const OrvMatrix& rotation, const OrvVector3D& position,
+                  const OrvVector3D& scale)
+{
+    const float factors[3] = {scale.X, scale.Y, scale.Z};
+    for (int column = 1; column <= 3; ++column)
+    {
+        for (int row = 1; row <= 3; ++row)
+            local.Set(row, column, rotation.Get(row, column) * factors[column - 1]);
+        local.Set(4, column, 0.0f);
+    }
+    SetTranslation(local, position);
+    local.Set(4, 4, 1.0f);
+}
+
+// Column 4 of parent × local: each element summed from zero in the
+// product's order, so equal to the product's bit for bit.
+void SetTranslationColumn(OrvMatrix& current, const OrvMatrix& parent, const OrvMatrix& local)
+{
+    for (int row = 1; row <= 4; ++row)
+    {
+        float sum = 0.0f;
+        for (int k = 1; k <= 4; ++k)
+            sum += parent.Get(row, k) * local.Get(k, 4);
+        current.Set(row, 4, sum);
+    }
+}
+}  // namespace
+
 void OrvGameAsset::RefreshPosition(bool force)
 {
-    bool changed = false;
-    if (m_position != m_lastPosition)
+    const bool moved = m_position != m_lastPosition;
+    const bool turned = m_rotation != m_lastRotation;
+    const bool resized = m_scale != m_lastScale;
+    const bool changed = moved || turned || resized;
+    if (moved)
     {
-        m_translationMatrix.SetIdentity();
-        m_translationMatrix.Translate(m_position);
+        SetTranslation(m_translationMatrix, m_position);
         m_lastPosition = m_position;
-        changed = true;
     }
-    if (m_rotation != m_lastRotation)
+    if (turned)
     {
         m_rotationMatrix.SetIdentity();
         m_rotationMatrix.Rotate(m_rotation);
         m_lastRotation = m_rotation;
-        changed = true;
     }
-    if (m_scale != m_lastScale)
+    if (resized)
     {
         m_scaleMatrix.SetIdentity();
         m_scaleMatrix.Scale(m_scale);
         m_lastScale = m_scale;
-        changed = true;
     }
-    if (changed)
-    {
-        m_localMatrix.SetProduct(m_translationMatrix, m_rotationMatrix);
-        m_localMatrix.SetProduct(m_localMatrix, m_scaleMatrix);
-    }
+    // A move alone changes only column 4 of the local and world matrices.
+    if (turned || resized)
+        ComposeLocal(m_localMatrix, m_rotationMatrix, m_position, m_scale);
+    else if (moved)
+        SetTranslation(m_localMatrix, m_position);
 
-    m_worldPosition = m_position;
     if (m_parent == nullptr)
+    {
         m_currentMatrix = m_localMatrix;
+        m_worldPosition = m_position;
+    }
     else
     {
-        m_worldPosition.Transform(m_parent->m_currentMatrix, true);
-        if (force || changed)
+        if (force || turned || resized)
             m_currentMatrix.SetProduct(m_parent->m_currentMatrix, m_localMatrix);
+        else if (moved)
+            SetTranslationColumn(m_currentMatrix, m_parent->m_currentMatrix, m_localMatrix);
+        // The position transformed by the parent: the sums that make column 4.
+        m_worldPosition.Set(m_currentMatrix.Get(1, 4), m_currentMatrix.Get(2, 4), m_currentMatrix.Get(3, 4));
     }
 
     if (m_mesh != nullptr)
     {
         OrvAxisAlignedBox* box = m_mesh->GetBoundingBox();
         box->SetPosition(m_worldPosition);
-        OrvVector3D boxScale(1.0f, 1.0f, 1.0f);
-        boxScale.Transform(m_scaleMatrix, true);
-        box->SetScale(boxScale);
+        // (1, 1, 1) transformed by the scale matrix.
+        box->SetScale(m_scale);
     }
 
     for (OrvGameAsset* child : m_children)
@@ -217,15 +264,17 @@ void OrvGameAsset::Render()
 void OrvGameAsset::RenderSubtree(bool drawMesh)
 {
     OrvRenderer* renderer = GetRenderer();
+    // The asset's cached world matrix goes straight on top of the model
+    // stack (one copy, not a copy of the parent's first).
     if (renderer != nullptr)
-    {
-        renderer->PushMatrix(TRANS_MATRIX_MODEL);
-        renderer->LoadMatrix(TRANS_MATRIX_MODEL, m_currentMatrix);
-    }
+        renderer->PushMatrix(TRANS_MATRIX_MODEL, m_currentMatrix);
     const float z = m_position.Z;
     for (unsigned int i = 0; i < m_children.GetCount(); ++i)
         if (m_children[i]->m_position.Z < z)
+        {
+            PrefetchChildren(i);
             m_children[i]->Render();
+        }
     if (m_render)
     {
         if (drawMesh && m_mesh != nullptr)
@@ -234,9 +283,39 @@ void OrvGameAsset::RenderSubtree(bool drawMesh)
     }
     for (unsigned int i = 0; i < m_children.GetCount(); ++i)
         if (!(m_children[i]->m_position.Z < z))
+        {
+            PrefetchChildren(i);
             m_children[i]->Render();
+        }
     if (renderer != nullptr)
         renderer->DiscardMatrix(TRANS_MATRIX_MODEL);
+}
+
+void OrvGameAsset::PrefetchChildren(unsigned int index) const
+{
+    // Child index + 2d gets stage kPrefetchStages - d: the farther ahead, the
+    // earlier in its chain of objects. Two children apart, each step has
+    // about the time of two children's drawing to arrive.
+    const unsigned int count = m_children.GetCount();
+    for (unsigned int d = 1; d <= kPrefetchStages && index + 2 * d < count; ++d)
+        m_children[index + 2 * d]->PrefetchForRender(kPrefetchStages - d);
+}
+
+void OrvGameAsset::PrefetchForRender(unsigned int stage) const
+{
+    if (stage == 0)
+    {
+        const char* object = reinterpret_cast<const char*>(this);
+        for (std::size_t offset = 0; offset < sizeof(OrvGameAsset); offset += 64)
+            __builtin_prefetch(object + offset);
+    }
+    else if (stage == 1)
+    {
+        __builtin_prefetch(m_currentMatrix.GetValues());
+        __builtin_prefetch(m_mesh);
+    }
+    else if (m_mesh != nullptr)
+        m_mesh->Prefetch(stage - 2);
 }
 
 void OrvGameAsset::RenderElements() const {}
@@ -337,6 +416,9 @@ void OrvGameAsset::SetRenderAndEnabled(bool on)
 void OrvGameAsset::SetToDelete(bool toDelete, bool recursive)
 {
     m_toDelete = toDelete;
+    // The manager's clean-ups look at the list only when told.
+    if (toDelete && m_manager != nullptr)
+        m_manager->NoteMarked();
     if (recursive)
         for (OrvGameAsset* child : m_children)
             child->SetToDelete(toDelete, true);

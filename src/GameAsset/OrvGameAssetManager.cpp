@@ -10,8 +10,13 @@ OrvGameAssetManager::OrvGameAssetManager(OrvApplication* application)
 }
 
 OrvGameAssetManager::OrvGameAssetManager(const OrvGameAssetManager& other)
-    : m_application(other.m_application), m_gameAssets(other.m_gameAssets), m_lastID(other.m_lastID),
-      m_cleanUpNeeded(false), m_ownsAssets(false)
+    : m_application(other.m_application),
+      m_gameAssets(other.m_gameAssets),
+      m_lastID(other.m_lastID),
+      m_cleanUpNeeded(false),
+      m_ownsAssets(false),
+      m_registered(other.m_registered),
+      m_idCounts(other.m_idCounts)
 {
 }
 
@@ -29,11 +34,29 @@ OrvGameAssetManager::~OrvGameAssetManager()
 
 void OrvGameAssetManager::AddGameAsset(OrvGameAsset* asset)
 {
-    m_gameAssets.Add(asset, true);
+    if (asset == nullptr || IsRegistered(asset))
+        return;
+    const unsigned int size = m_gameAssets.GetSize();
+    m_gameAssets.Add(asset, false);
+    // The list refuses quietly when it cannot grow.
+    if (m_gameAssets.GetSize() == size)
+        return;
+    m_registered.insert(asset);
+    ++m_idCounts[asset->GetID()];
+}
+
+void OrvGameAssetManager::Forget(const OrvGameAsset* asset)
+{
+    m_registered.erase(asset);
+    const auto count = m_idCounts.find(asset->GetID());
+    if (count != m_idCounts.end() && --count->second == 0)
+        m_idCounts.erase(count);
 }
 
 OrvGameAsset* OrvGameAssetManager::GetGameAssetByID(int id) const
 {
+    if (!HasID(id))
+        return nullptr;
     for (unsigned int i = 0; i < m_gameAssets.GetSize(); ++i)
         if (m_gameAssets[i]->GetID() == id)
             return m_gameAssets[i];
@@ -42,7 +65,7 @@ OrvGameAsset* OrvGameAssetManager::GetGameAssetByID(int id) const
 
 void OrvGameAssetManager::DeleteGameAsset(OrvGameAsset* asset)
 {
-    if (asset == nullptr || m_gameAssets.Find(asset) < 0)
+    if (asset == nullptr || !IsRegistered(asset))
         return;
     asset->SetToDelete(true, true);
     m_cleanUpNeeded = true;
@@ -66,23 +89,31 @@ void OrvGameAssetManager::UntieMarkedAssets()
 
 void OrvGameAssetManager::CleanUp()
 {
+    // Nothing was marked since the last clean-up: nothing to walk.
+    if (!m_cleanUpNeeded)
+        return;
     std::vector<OrvGameAsset*> marked;
+    std::vector<OrvGameAsset*> kept;
     do
     {
         m_cleanUpNeeded = false;
         marked.clear();
+        kept.clear();
         for (unsigned int i = 0; i < m_gameAssets.GetSize(); ++i)
-            if (m_gameAssets[i]->GetToDelete())
-                marked.push_back(m_gameAssets[i]);
+            (m_gameAssets[i]->GetToDelete() ? marked : kept).push_back(m_gameAssets[i]);
         if (marked.empty())
             continue;
         UntieMarkedAssets();
-        // Assets that destructors mark meanwhile wait for the next round.
+        // Off the list in one pass, keeping the others' order; then destroyed
+        // in list order. Assets that destructors mark meanwhile wait for the
+        // next round.
+        m_gameAssets.SetSize(kept.size());
+        if (!kept.empty())
+            m_gameAssets.MemCopy(0, kept.data(), kept.size() * sizeof(OrvGameAsset*));
         for (OrvGameAsset* asset : marked)
-        {
-            m_gameAssets.Remove(asset);
+            Forget(asset);
+        for (OrvGameAsset* asset : marked)
             delete asset;
-        }
     } while (m_cleanUpNeeded);
 }
 
@@ -101,6 +132,8 @@ void OrvGameAssetManager::DeleteGameAssets()
     for (unsigned int i = 0; i < m_gameAssets.GetSize(); ++i)
         all.push_back(m_gameAssets[i]);
     m_gameAssets.Destroy();
+    m_registered.clear();
+    m_idCounts.clear();
     for (OrvGameAsset* asset : all)
         delete asset;
 }

@@ -19,6 +19,14 @@ OrvMaterial::~OrvMaterial()
 
 void OrvMaterial::SetPassParameters(unsigned int) {}
 
+void OrvMaterial::Prefetch(unsigned int stage) const
+{
+    if (stage == 0)
+        __builtin_prefetch(m_passes.GetData());
+    else if (m_passes.GetSize() != 0)
+        __builtin_prefetch(m_passes.GetData()[0]);
+}
+
 void OrvMaterial::AddPass(OrvPass* pass)
 {
     m_passes.Add(pass, false);

@@ -50,6 +50,21 @@ float OrvMesh::GetBoundingRadiusSquared() const
     return toMinimum > toMaximum ? toMinimum : toMaximum;
 }
 
+void OrvMesh::Prefetch(unsigned int stage) const
+{
+    if (stage == 0)
+    {
+        __builtin_prefetch(m_vertices.GetData());
+        __builtin_prefetch(m_material);
+        return;
+    }
+    if (stage == 1)
+        for (unsigned int i = 0; i < m_vertices.GetSize(); ++i)
+            __builtin_prefetch(m_vertices.GetData()[i]);
+    if (m_material != nullptr)
+        m_material->Prefetch(stage - 1);
+}
+
 void OrvMesh::SendVertices()
 {
     m_renderer->Begin(RENDER_MODE_QUADS);

@@ -101,3 +101,39 @@ TEST(OrvGameAssetManager, MarkedSubtreesGoAtTheCleanUps)
     manager.CleanUp();
     EXPECT_EQ(0u, manager.GetGameAssetCount());
 }
+
+TEST(OrvGameAssetManager, TheIndexesFollowEveryWayInAndOut)
+{
+    OrvGameAssetManager manager(nullptr);
+    // A hand-made asset with an ID of its own, registered directly, twice.
+    OrvGameAsset* handMade = new OrvGameAsset();
+    OrvGameAssetDesc desc;
+    desc.ID = 9;
+    desc.manager = &manager;
+    handMade->Create(&desc);
+    manager.AddGameAsset(handMade);
+    manager.AddGameAsset(handMade);
+    EXPECT_EQ(1u, manager.GetGameAssetCount());
+    EXPECT_EQ(handMade, manager.GetGameAssetByID(9));
+    EXPECT_THROW(Make(manager, 9), OrvException) << "its ID is taken";
+
+    // Marked by the asset itself, not through the manager: the clean-up still
+    // sees it, and its ID is free afterwards.
+    handMade->SetToDelete(true, false);
+    EXPECT_TRUE(manager.CleanUpNeeded());
+    manager.CleanUp();
+    EXPECT_EQ(0u, manager.GetGameAssetCount());
+    EXPECT_EQ(nullptr, manager.GetGameAssetByID(9));
+    EXPECT_EQ(9, Make(manager, 9)->GetID());
+
+    // Many assets in a row keep their order through a clean-up in the middle.
+    for (int i = 0; i < 100; ++i)
+        Make(manager);
+    for (unsigned int i = 1; i < manager.GetGameAssetCount(); i += 2)
+        manager.DeleteGameAsset(manager.GetGameAsset(i));
+    manager.CleanUp();
+    ASSERT_EQ(51u, manager.GetGameAssetCount());
+    for (unsigned int i = 1; i < manager.GetGameAssetCount(); ++i)
+        EXPECT_LT(manager.GetGameAsset(i - 1)->GetID(), manager.GetGameAsset(i)->GetID());
+    EXPECT_NE(nullptr, manager.GetGameAssetByID(manager.GetGameAsset(50)->GetID()));
+}

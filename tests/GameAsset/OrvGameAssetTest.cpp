@@ -85,6 +85,66 @@ TEST_F(OrvGameAssetTest, MovingAParentCarriesTheWholeSubtreeInOneCall)
     EXPECT_TRUE(parent->AttachTo(nullptr));
 }
 
+// The matrices of the data model, built the long way: translation ×
+// rotation × scale from identities, then the parent's world matrix times it.
+OrvMatrix LocalByProducts(const OrvGameAsset& asset)
+{
+    OrvMatrix t = OrvMatrix::CreateIdentity(4);
+    t.Translate(asset.GetPosition());
+    OrvMatrix r = OrvMatrix::CreateIdentity(4);
+    r.Rotate(asset.GetRotation());
+    OrvMatrix s = OrvMatrix::CreateIdentity(4);
+    s.Scale(asset.GetScale());
+    return t * r * s;
+}
+
+::testing::AssertionResult MatchesProducts(const OrvGameAsset& asset)
+{
+    const OrvMatrix local = LocalByProducts(asset);
+    const OrvMatrix world =
+        asset.GetParent() != nullptr ? asset.GetParent()->GetCurrentTransformationMatrix() * local : local;
+    OrvVector3D position = asset.GetPosition();
+    if (asset.GetParent() != nullptr)
+        position.Transform(asset.GetParent()->GetCurrentTransformationMatrix(), true);
+    if (!(asset.GetLocalMatrix() == local))
+        return ::testing::AssertionFailure() << "local matrix differs";
+    if (!(asset.GetCurrentTransformationMatrix() == world))
+        return ::testing::AssertionFailure() << "world differs";
+    if (!(asset.GetWorldPosition() == position))
+        return ::testing::AssertionFailure() << "world position differs";
+    return ::testing::AssertionSuccess();
+}
+
+TEST_F(OrvGameAssetTest, RefreshedMatricesEqualTheProductsToTheBit)
+{
+    Probe* parent = Make(OrvVector3D(13.7f, -2.25f, 0.3f));
+    Probe* child = Make(OrvVector3D(-4.1f, 7.3f, 0.0f), parent);
+    Probe* grandchild = Make(OrvVector3D(0.33f, 1.0f / 3.0f, -0.2f), child);
+    const auto check = [&](const char* step) {
+        for (Probe* asset : {parent, child, grandchild})
+            EXPECT_TRUE(MatchesProducts(*asset)) << step << ", asset " << asset->GetID();
+    };
+    check("created");
+    child->SetRotation(33.3f);
+    check("child turned");
+    grandchild->SetPosition(OrvVector3D(2.7f, -0.9f, 0.1f));
+    check("grandchild moved");
+    parent->SetScale(OrvVector3D(1.5f, 0.75f, 2.0f));
+    check("parent scaled");
+    grandchild->SetScale(OrvVector3D(0.1f, 3.0f, 1.0f));
+    grandchild->SetRotation(-71.0f);
+    check("grandchild scaled and turned");
+    for (int i = 0; i < 20; ++i)
+    {
+        child->SetPosition(OrvVector3D(0.37f * i, -1.3f * i, 0.01f * i));
+        grandchild->SetPosition(OrvVector3D(-0.71f * i, 0.17f * i, 0.0f));
+    }
+    check("moved again and again");
+    parent->SetRotation(200.0f);
+    parent->SetPosition(OrvVector3D(-5.5f, 8.125f, 0.0f));
+    check("parent turned and moved");
+}
+
 TEST_F(OrvGameAssetTest, BoxesFollowTheAssetAndCollisionsCheckRadiiFirst)
 {
     Probe* a = Make(OrvVector3D(100, 0, 0));
