@@ -12,12 +12,15 @@ public:
     OrvUnicode();
     OrvUnicode(const char* s);
     OrvUnicode(const OrvUnicode& other);
+    // Takes the other's units; the other is left empty (size 0).
+    OrvUnicode(OrvUnicode&& other) noexcept;
     explicit OrvUnicode(int value);
     explicit OrvUnicode(float value);
     ~OrvUnicode();
 
     OrvUnicode& operator=(const char* s);
     OrvUnicode& operator=(const OrvUnicode& other);
+    OrvUnicode& operator=(OrvUnicode&& other) noexcept;
     OrvUnicode& operator=(int value);
     OrvUnicode& operator=(float value);
 

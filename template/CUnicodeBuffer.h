@@ -56,6 +56,17 @@ public:
 
     T* operator[](unsigned int i) const { return (m_data != nullptr && i < m_size) ? m_data + i : nullptr; }
 
+    // Takes the other's block; the other is left empty (size 0).
+    CUnicodeBuffer& operator=(CUnicodeBuffer&& other) noexcept
+    {
+        if (this != &other)
+        {
+            Destroy();
+            Steal(other);
+        }
+        return *this;
+    }
+
     CUnicodeBuffer& operator=(const CUnicodeBuffer& other)
     {
         if (this != &other && SetSize(other.m_size) && m_size != 0)
@@ -88,6 +99,21 @@ public:
 
 protected:
     CUnicodeBuffer(const CUnicodeBuffer&) = delete;
+    CUnicodeBuffer(CUnicodeBuffer&& other) noexcept : m_granularity(32), m_capacity(0), m_size(0), m_data(nullptr)
+    {
+        Steal(other);
+    }
+
+    void Steal(CUnicodeBuffer& other) noexcept
+    {
+        m_granularity = other.m_granularity;
+        m_capacity = other.m_capacity;
+        m_size = other.m_size;
+        m_data = other.m_data;
+        other.m_capacity = 0;
+        other.m_size = 0;
+        other.m_data = nullptr;
+    }
 
     unsigned int m_granularity;
     unsigned int m_capacity;

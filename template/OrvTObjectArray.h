@@ -1,36 +1,39 @@
 #ifndef ORV_T_OBJECT_ARRAY_H
 #define ORV_T_OBJECT_ARRAY_H
 
+#include <new>
+#include <utility>
+
 #include "OrvArrayException.h"
 
-// Value array of constructed elements that grows and shrinks by `step` elements,
-// copying them by assignment. Index errors throw OrvArrayException and leave the
-// array unchanged.
+// Value array of constructed elements. Its capacity follows its count in steps
+// of `step` elements: it grows by one step when an element finds it full and
+// shrinks by one step when a removal leaves more than a step free. Index errors
+// throw OrvArrayException and leave the array unchanged.
+//
+// The capacity is a promise, not the storage: the storage is allocated on the
+// first element (an XML element or a game asset without children costs
+// nothing), grows by doubling at least to the capacity, and elements move into
+// it rather than being copied, so that N appends cost N moves in all instead
+// of N²/step copies. A storage twice larger than the capacity is given back.
 template <class T>
 class OrvTObjectArray
 {
 public:
-    OrvTObjectArray() : m_data(new T[32]()), m_count(0), m_capacity(32), m_step(32) {}
+    OrvTObjectArray() : m_data(nullptr), m_storage(0), m_count(0), m_capacity(32), m_step(32) {}
 
     OrvTObjectArray(const OrvTObjectArray& other)
-        : m_data(new T[other.m_capacity]()), m_count(other.m_count), m_capacity(other.m_capacity), m_step(other.m_step)
+        : m_data(nullptr), m_storage(0), m_count(0), m_capacity(other.m_capacity), m_step(other.m_step)
     {
-        for (unsigned int i = 0; i < m_count; ++i)
-            m_data[i] = other.m_data[i];
+        CopyElements(other);
     }
 
     OrvTObjectArray& operator=(const OrvTObjectArray& other)
     {
         if (this != &other)
         {
-            T* fresh = new T[other.m_capacity]();
-            for (unsigned int i = 0; i < other.m_count; ++i)
-                fresh[i] = other.m_data[i];
-            delete[] m_data;
-            m_data = fresh;
-            m_count = other.m_count;
-            m_capacity = other.m_capacity;
-            m_step = other.m_step;
+            OrvTObjectArray copy(other);
+            Swap(copy);
         }
         return *this;
     }
@@ -39,14 +42,17 @@ public:
 
     void Add(const T& x)
     {
-        if (m_count >= m_capacity)
+        const unsigned int capacity = m_count >= m_capacity ? m_capacity + m_step : m_capacity;
+        if (m_count >= m_storage)
         {
-            // x may live inside the block that grows.
-            const T copy = x;
-            Reallocate(m_capacity + m_step);
-            m_data[m_count++] = copy;
+            // x may live inside the storage that moves.
+            T copy = x;
+            Reserve(m_count + 1, capacity);
+            m_capacity = capacity;
+            m_data[m_count++] = std::move(copy);
             return;
         }
+        m_capacity = capacity;
         m_data[m_count++] = x;
     }
 
@@ -55,13 +61,15 @@ public:
         if (index > m_count)
             ORV_THROW(OrvArrayException, "The index at which you are trying to insert an element is out of bounds",
                                     "template/OrvTObjectArray");
-        const T copy = x;
-        if (m_count >= m_capacity)
-            Reallocate(m_capacity + m_step);
+        T copy = x;
+        const unsigned int capacity = m_count >= m_capacity ? m_capacity + m_step : m_capacity;
+        if (m_count >= m_storage)
+            Reserve(m_count + 1, capacity);
+        m_capacity = capacity;
         for (unsigned int i = m_count; i > index; --i)
-            m_data[i] = m_data[i - 1];
+            m_data[i] = std::move(m_data[i - 1]);
         ++m_count;
-        m_data[index] = copy;
+        m_data[index] = std::move(copy);
     }
 
     void Set(unsigned int index, const T& x)
@@ -89,28 +97,35 @@ public:
         if (index >= m_count)
             ORV_THROW(OrvArrayException, "The index at which you are trying to remove an element is out of bounds",
                                     "template/OrvTObjectArray");
-        T removed = m_data[index];
+        T removed = std::move(m_data[index]);
         --m_count;
         for (unsigned int i = index; i < m_count; ++i)
-            m_data[i] = m_data[i + 1];
+            m_data[i] = std::move(m_data[i + 1]);
+        // The vacated slot lets go of what it held.
+        m_data[m_count] = T();
         if (m_capacity > m_step && m_count < m_capacity - m_step)
-            Reallocate(m_capacity - m_step);
+        {
+            m_capacity -= m_step;
+            if (m_storage > 2 * m_capacity)
+                Reallocate(m_capacity);
+        }
         return removed;
     }
 
     void RemoveAll()
     {
-        if (m_capacity == m_step)
+        if (m_storage <= m_step)
         {
-            // Already one step: emptied in place, without a new block.
+            // At most one step: emptied in place, without a new block.
             for (unsigned int i = 0; i < m_count; ++i)
                 m_data[i] = T();
-            m_count = 0;
-            return;
         }
-        T* fresh = new T[m_step]();
-        delete[] m_data;
-        m_data = fresh;
+        else
+        {
+            delete[] m_data;
+            m_data = nullptr;
+            m_storage = 0;
+        }
         m_count = 0;
         m_capacity = m_step;
     }
@@ -143,17 +158,53 @@ private:
                                     "template/OrvTObjectArray");
     }
 
-    void Reallocate(unsigned int capacity)
+    // Storage for at least `needed` elements: doubled, and never less than
+    // the capacity about to be promised.
+    void Reserve(unsigned int needed, unsigned int capacity)
     {
-        T* fresh = new T[capacity]();
+        unsigned int storage = m_storage > 0x7FFFFFFFu ? needed : m_storage * 2;
+        if (storage < capacity)
+            storage = capacity;
+        if (storage < needed)
+            storage = needed;
+        Reallocate(storage);
+    }
+
+    // New storage of `storage` elements; the elements move over. Throws
+    // std::bad_alloc, leaving the array as it was, when it cannot be had.
+    void Reallocate(unsigned int storage)
+    {
+        T* fresh = new T[storage]();
         for (unsigned int i = 0; i < m_count; ++i)
-            fresh[i] = m_data[i];
+            fresh[i] = std::move(m_data[i]);
         delete[] m_data;
         m_data = fresh;
-        m_capacity = capacity;
+        m_storage = storage;
+    }
+
+    void CopyElements(const OrvTObjectArray& other)
+    {
+        if (other.m_count == 0)
+            return;
+        m_data = new T[other.m_count]();
+        m_storage = other.m_count;
+        for (unsigned int i = 0; i < other.m_count; ++i)
+            m_data[i] = other.m_data[i];
+        m_count = other.m_count;
+    }
+
+    void Swap(OrvTObjectArray& other)
+    {
+        std::swap(m_data, other.m_data);
+        std::swap(m_storage, other.m_storage);
+        std::swap(m_count, other.m_count);
+        std::swap(m_capacity, other.m_capacity);
+        std::swap(m_step, other.m_step);
     }
 
     T* m_data;
+    // Elements the storage holds; 0 before the first element.
+    unsigned int m_storage;
     unsigned int m_count;
     unsigned int m_capacity;
     unsigned int m_step;

@@ -1,5 +1,7 @@
 #include "OrvUnicode.h"
 
+#include <utility>
+
 #include <cerrno>
 #include <climits>
 #include <cstdarg>
@@ -117,6 +119,12 @@ OrvUnicode::OrvUnicode(const OrvUnicode& other) : CUnicodeBuffer<char16_t>()
     *this = other;
 }
 
+OrvUnicode::OrvUnicode(OrvUnicode&& other) noexcept : CUnicodeBuffer<char16_t>(std::move(other))
+{
+    // As a copy would: the terminator is always there.
+    AppendNullCharIfMissing();
+}
+
 OrvUnicode::OrvUnicode(int value) : CUnicodeBuffer<char16_t>()
 {
     *this = value;
@@ -151,6 +159,13 @@ OrvUnicode& OrvUnicode::operator=(const char* s)
 OrvUnicode& OrvUnicode::operator=(const OrvUnicode& other)
 {
     CUnicodeBuffer<char16_t>::operator=(other);
+    AppendNullCharIfMissing();
+    return *this;
+}
+
+OrvUnicode& OrvUnicode::operator=(OrvUnicode&& other) noexcept
+{
+    CUnicodeBuffer<char16_t>::operator=(std::move(other));
     AppendNullCharIfMissing();
     return *this;
 }

@@ -6,6 +6,7 @@
 #include "OrvBlockStorage.h"
 #include "OrvTArray.h"
 #include "OrvTObjectArray.h"
+#include "OrvUnicode.h"
 #include "OrvTStack.h"
 #include "OrvTTreeNode.h"
 #include "OrvTestBytes.h"
@@ -140,6 +141,52 @@ TEST(OrvTObjectArray, GrowsAndShrinksByOneStep)
     array.Add(7);
     EXPECT_EQ(7, array.RemoveIndex(0));
     EXPECT_EQ(32u, array.GetCapacity());
+}
+
+namespace
+{
+// Counts the copies made of it; moves are free.
+struct CopyCounted
+{
+    static int copies;
+    std::string text;
+    CopyCounted() = default;
+    explicit CopyCounted(const char* t) : text(t) {}
+    CopyCounted(const CopyCounted& other) : text(other.text) { ++copies; }
+    CopyCounted(CopyCounted&&) = default;
+    CopyCounted& operator=(const CopyCounted& other)
+    {
+        text = other.text;
+        ++copies;
+        return *this;
+    }
+    CopyCounted& operator=(CopyCounted&&) = default;
+    bool operator==(const CopyCounted& other) const { return text == other.text; }
+};
+int CopyCounted::copies = 0;
+}  // namespace
+
+TEST(OrvTObjectArray, GrowingMovesElementsInsteadOfCopyingThem)
+{
+    OrvTObjectArray<CopyCounted> array;
+    const CopyCounted item("x");
+    CopyCounted::copies = 0;
+    for (int i = 0; i < 10000; ++i)
+        array.Add(item);
+    EXPECT_EQ(10000, CopyCounted::copies) << "one copy per element added, none when the storage grows";
+    EXPECT_EQ(10016u, array.GetCapacity()) << "still a whole number of steps";
+    for (int i = 0; i < 9990; ++i)
+        array.RemoveIndex(array.GetCount() - 1);
+    EXPECT_EQ(32u, array.GetCapacity());
+    EXPECT_TRUE(array[9] == item);
+    EXPECT_EQ(10000, CopyCounted::copies) << "removing copies nothing either";
+
+    // Strings move too: the engine's token and archive lists hold them.
+    OrvTObjectArray<OrvUnicode> texts;
+    for (int i = 0; i < 100; ++i)
+        texts.Add(OrvUnicode(i));
+    EXPECT_TRUE(texts[99] == "99");
+    EXPECT_TRUE(texts[0] == "0");
 }
 
 TEST(OrvTObjectArray, InsertSetAndIndexChecks)
