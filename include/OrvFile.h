@@ -2,8 +2,12 @@
 #define ORV_FILE_H
 
 #include <cstdio>
+#include <exception>
 #include <memory>
+#include <new>
+#include <string>
 
+#include "OrvFileException.h"
 #include "OrvUnicode.h"
 
 class OrvFileManager;
@@ -58,15 +62,40 @@ public:
     OrvUnicode GetExtension() const { return m_extension; }
 
 protected:
+    // Runs a reader's work. What a reader cannot hold (memory it cannot get,
+    // a length beyond what a container takes) refuses the file with
+    // OrvFileException naming it, the file closed: a bad file never ends the
+    // game with an exception from outside the engine.
+    template <class Work>
+    void Guarded(Work work)
+    {
+        try
+        {
+            work();
+        }
+        catch (const std::bad_alloc&)
+        {
+            Refuse("Not enough memory to read the file");
+        }
+        catch (const std::exception&)
+        {
+            Refuse("Can't read the file");
+        }
+    }
+
+    // Closes the file and throws OrvFileException naming it (without the
+    // name when even that much memory is missing).
+    [[noreturn]] void Refuse(const char* what);
+
     // Reads the whole opened file (GetSize() bytes) into a new buffer and
     // closes the file, also when the read fails.
     std::unique_ptr<unsigned char[]> ReadWholeFile();
     // Replaces the data buffer with a fresh one of `bytes` bytes (zeroed).
     unsigned char* AllocateData(unsigned long bytes);
     void FreeData();
-    // "<what> : <file name>", kept for the life of the process: the message of
-    // an OrvFileException that names this file.
-    const char* MessageNaming(const char* what) const;
+    // "<what> : <file name>": the message of an OrvFileException that names
+    // this file.
+    std::string MessageNaming(const char* what) const;
 
     OrvFileManager* m_fileManager;
     OrvUnicode m_name;

@@ -1,6 +1,9 @@
 #ifndef ORV_FILE_MANAGER_H
 #define ORV_FILE_MANAGER_H
 
+#include <new>
+
+#include "OrvFileException.h"
 #include "OrvTObjectArray.h"
 #include "OrvUnicode.h"
 
@@ -38,16 +41,40 @@ public:
     long GetFileDataFromBigFile(const OrvUnicode& name, char* buffer, long length) const;
 
     // The loading sequence of every media file: the registered file of that
-    // name, else a new T created with the next ID, registered and loaded.
+    // name, else a new T created with the next ID, registered and loaded. A
+    // file that fails to load is not kept: asking again tries again (and
+    // fails again) instead of finding an empty file.
     template <class T>
     T* GetOrLoad(const OrvUnicode& name, const OrvUnicode& path = OrvUnicode(""))
     {
         if (OrvFile* existing = GetFile(name))
             return dynamic_cast<T*>(existing);
-        T* file = new T();
-        file->Create(this, ++LastFileID);
-        AddOrvFile(file);
-        file->Load(name, path);
+        T* file = nullptr;
+        try
+        {
+            file = new T();
+            file->Create(this, ++LastFileID);
+            AddOrvFile(file);
+        }
+        catch (const std::bad_alloc&)
+        {
+            delete file;
+            ORV_THROW(OrvFileException, "Not enough memory to load a file", "src/File/OrvFileManager");
+        }
+        catch (...)
+        {
+            delete file;
+            throw;
+        }
+        try
+        {
+            file->Load(name, path);
+        }
+        catch (...)
+        {
+            DeleteOrvFile(file);
+            throw;
+        }
         return file;
     }
 

@@ -12,9 +12,19 @@
 // else (attributes, declarations, comments, entities) is interpreted. A file
 // may come wrapped in the compressed envelope of CZLibBuffer; a document loaded
 // that way is saved the same way.
+//
+// Documents come from players and modders, so reading one is bounded: a
+// document (its bytes, or what its envelope says it expands to) may hold at
+// most kMaxDocumentBytes, and its tree at most kMaxElements elements nested at
+// most kMaxDepth deep. Beyond that, Load refuses the file with
+// OrvFileException, naming it, before the work or the memory runs away.
 class OrvXMLFile : public OrvFile
 {
 public:
+    static const unsigned long kMaxDocumentBytes = 16ul << 20;
+    static const unsigned int kMaxElements = 250000;
+    static const unsigned int kMaxDepth = 1000;
+
     OrvXMLFile();
     // Copies the file part and the loaded-compressed flag; the copy gets a root
     // of its own holding the source root's name, attributes and content (not its

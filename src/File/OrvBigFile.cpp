@@ -36,8 +36,8 @@ bool ReadAt(FILE* stream, unsigned long long offset, void* buffer, size_t bytes)
            (bytes == 0 || std::fread(buffer, 1, bytes, stream) == bytes);
 }
 
-// "<what> : <name>", kept for the life of the process.
-const char* NameMessage(const char* what, const OrvUnicode& name)
+// "<what> : <name>".
+std::string NameMessage(const char* what, const OrvUnicode& name)
 {
     std::string text(what);
     text += " : ";
@@ -45,7 +45,7 @@ const char* NameMessage(const char* what, const OrvUnicode& name)
     std::vector<char> narrow(length + 1, '\0');
     name.ToCString(narrow.data(), length + 1, nullptr);
     text += narrow.data();
-    return OrvException::KeepMessage(text.c_str());
+    return text;
 }
 } // namespace
 
@@ -226,29 +226,31 @@ void OrvBigFile::ReadSourceData(const OrvUnicode& name, unsigned char* buffer, u
 
 void OrvBigFile::Load(const OrvUnicode& name, const OrvUnicode& path)
 {
-    OrvFile::Load(name, path);
-    if (m_isInBigFile)
-    {
-        Close();
-        ORV_THROW(OrvFileException, MessageNaming("A big file can't be loaded from inside another big file"),
-                  kSource);
-    }
+    Guarded([&] {
+        OrvFile::Load(name, path);
+        if (m_isInBigFile)
+        {
+            Close();
+            ORV_THROW(OrvFileException, MessageNaming("A big file can't be loaded from inside another big file"),
+                      kSource);
+        }
 
-    const unsigned int before = m_files.GetCount();
-    try
-    {
-        ReadTableOfContents();
-    }
-    catch (...)
-    {
-        // A refused archive adds no record.
-        while (m_files.GetCount() > before)
-            m_files.RemoveIndex(m_files.GetCount() - 1);
+        const unsigned int before = m_files.GetCount();
+        try
+        {
+            ReadTableOfContents();
+        }
+        catch (...)
+        {
+            // A refused archive adds no record.
+            while (m_files.GetCount() > before)
+                m_files.RemoveIndex(m_files.GetCount() - 1);
+            Close();
+            throw;
+        }
+        m_unsavedChanges = false;
         Close();
-        throw;
-    }
-    m_unsavedChanges = false;
-    Close();
+    });
 }
 
 void OrvBigFile::ReadTableOfContents()

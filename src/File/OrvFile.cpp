@@ -1,6 +1,10 @@
 #include "OrvFile.h"
 
+#include <sys/stat.h>
+
+#include <cstdio>
 #include <cstring>
+#include <new>
 #include <string>
 
 #include "OrvFileException.h"
@@ -19,17 +23,35 @@ void Narrow(const OrvUnicode& text, char* buffer)
     text.ToCString(buffer, kPathBytes, nullptr);
 }
 
-const char* NamingMessage(const char* what, const OrvUnicode& name)
+std::string NamingMessage(const char* what, const OrvUnicode& name)
 {
     char narrow[kPathBytes];
     Narrow(name, narrow);
-    return OrvException::KeepMessage((std::string(what) + " : " + narrow).c_str());
+    return std::string(what) + " : " + narrow;
+}
+
+// Only regular files are read: a folder opens as a stream too, and measures
+// as a huge size; a pipe or a device could block for ever.
+bool IsRegularFile(const char* path)
+{
+    struct stat status;
+    return ::stat(path, &status) == 0 && S_ISREG(status.st_mode);
 }
 
 FILE* OpenCandidate(const char* prefix, const char* name, char* candidate, const char* mode)
 {
     std::snprintf(candidate, kPathBytes, "%s%s", prefix, name);
-    return std::fopen(candidate, mode);
+    if (mode[0] == 'r' && !IsRegularFile(candidate))
+        return nullptr;
+    FILE* stream = std::fopen(candidate, mode);
+    // Checked again on what was opened, in case it changed in between.
+    struct stat status;
+    if (stream != nullptr && mode[0] == 'r' && (::fstat(fileno(stream), &status) != 0 || !S_ISREG(status.st_mode)))
+    {
+        std::fclose(stream);
+        return nullptr;
+    }
+    return stream;
 }
 }
 
@@ -127,6 +149,11 @@ void OrvFile::Open(const OrvUnicode& name, OrvFileAcces access)
     }
     if (m_systemFile != nullptr)
         return;
+    // A zero character would end the narrowed name early: "\0a.tga" would
+    // open the media path itself.
+    for (unsigned int i = 0; i < name.Length(); ++i)
+        if (name.GetData()[i] == 0)
+            ORV_THROW(OrvFileException, NamingMessage("A file name holds a zero character", name), kFile);
 
     char narrowName[kPathBytes];
     char prefix[kPathBytes];
@@ -285,7 +312,22 @@ void OrvFile::FreeData()
     m_dataBytes = 0;
 }
 
-const char* OrvFile::MessageNaming(const char* what) const
+void OrvFile::Refuse(const char* what)
+{
+    Close();
+    std::string message;
+    try
+    {
+        message = MessageNaming(what);
+    }
+    catch (const std::bad_alloc&)
+    {
+        ORV_THROW(OrvFileException, what, kFile);
+    }
+    ORV_THROW(OrvFileException, message, kFile);
+}
+
+std::string OrvFile::MessageNaming(const char* what) const
 {
     return NamingMessage(what, m_name);
 }

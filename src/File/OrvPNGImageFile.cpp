@@ -89,45 +89,47 @@ void OrvPNGImageFile::CopyPalette(const OrvPNGImageFile& other)
 
 void OrvPNGImageFile::Load(const OrvUnicode& name, const OrvUnicode& path)
 {
-    OrvImageFile::Load(name, path);
-    std::unique_ptr<unsigned char[]> file = ReadWholeFile();
-    unsigned char* bytes = file.get();
-    const unsigned long size = static_cast<unsigned long>(m_size);
-    if (size < sizeof(kSignature))
-        ORV_THROW(OrvFileException, MessageNaming("PNG file shorter than its signature"), kFile);
-    if (std::memcmp(bytes, kSignature, sizeof(kSignature)) != 0)
-        ORV_THROW(OrvFileException, "The file you tried to open is not a png file", kFile);
-    if (size < kHeaderBytes)
-        ORV_THROW(OrvFileException, MessageNaming("PNG file shorter than its image header"), kFile);
+    Guarded([&] {
+        OrvImageFile::Load(name, path);
+        std::unique_ptr<unsigned char[]> file = ReadWholeFile();
+        unsigned char* bytes = file.get();
+        const unsigned long size = static_cast<unsigned long>(m_size);
+        if (size < sizeof(kSignature))
+            ORV_THROW(OrvFileException, MessageNaming("PNG file shorter than its signature"), kFile);
+        if (std::memcmp(bytes, kSignature, sizeof(kSignature)) != 0)
+            ORV_THROW(OrvFileException, "The file you tried to open is not a png file", kFile);
+        if (size < kHeaderBytes)
+            ORV_THROW(OrvFileException, MessageNaming("PNG file shorter than its image header"), kFile);
 
-    FreePalette();
-    m_width = static_cast<unsigned int>(Read32BigEndian(bytes + 16));
-    m_height = static_cast<unsigned int>(Read32BigEndian(bytes + 20));
-    m_bitDepth = bytes[24];
-    m_colorType = bytes[25];
-    m_compressionMethod = bytes[26];
-    m_filterMethod = bytes[27];
-    m_interlaceMethod = bytes[28];
-    switch (m_colorType)
-    {
-    case 0:
-        DecodeColorType0(bytes);
-        break;
-    case 2:
-        DecodeColorType2(bytes);
-        break;
-    case 3:
-        DecodeColorType3(bytes);
-        break;
-    case 4:
-        DecodeColorType4(bytes);
-        break;
-    case 6:
-        DecodeColorType6(bytes);
-        break;
-    default:
-        ORV_THROW(OrvFileException, "Couldn't read png file : invalid color type", kFile);
-    }
+        FreePalette();
+        m_width = static_cast<unsigned int>(Read32BigEndian(bytes + 16));
+        m_height = static_cast<unsigned int>(Read32BigEndian(bytes + 20));
+        m_bitDepth = bytes[24];
+        m_colorType = bytes[25];
+        m_compressionMethod = bytes[26];
+        m_filterMethod = bytes[27];
+        m_interlaceMethod = bytes[28];
+        switch (m_colorType)
+        {
+        case 0:
+            DecodeColorType0(bytes);
+            break;
+        case 2:
+            DecodeColorType2(bytes);
+            break;
+        case 3:
+            DecodeColorType3(bytes);
+            break;
+        case 4:
+            DecodeColorType4(bytes);
+            break;
+        case 6:
+            DecodeColorType6(bytes);
+            break;
+        default:
+            ORV_THROW(OrvFileException, "Couldn't read png file : invalid color type", kFile);
+        }
+    });
 }
 
 void OrvPNGImageFile::CheckBitDepthIs8Or16()

@@ -50,18 +50,20 @@ OrvTGAImageFile::~OrvTGAImageFile() = default;
 
 void OrvTGAImageFile::Load(const OrvUnicode& name, const OrvUnicode& path)
 {
-    OrvImageFile::Load(name, path);
-    std::unique_ptr<unsigned char[]> bytes = ReadWholeFile();
-    if (m_size < kHeaderBytes)
-        ORV_THROW(OrvFileException, MessageNaming("TGA file shorter than its header"), kFile);
-    m_idFieldCharCount = bytes[0];
-    m_colorMapType = static_cast<char>(bytes[1]);
-    m_imageTypeCode = static_cast<char>(bytes[2]);
-    if (m_colorMapType != 0)
-        ORV_THROW(OrvFileException, "TGA colors maps aren't supported, get to work !", kFile);
-    if (m_imageTypeCode != 2)
-        ORV_THROW(OrvFileException, "TGA image type not supported", kFile);
-    LoadImageType2(reinterpret_cast<char*>(bytes.get()));
+    Guarded([&] {
+        OrvImageFile::Load(name, path);
+        std::unique_ptr<unsigned char[]> bytes = ReadWholeFile();
+        if (m_size < kHeaderBytes)
+            ORV_THROW(OrvFileException, MessageNaming("TGA file shorter than its header"), kFile);
+        m_idFieldCharCount = bytes[0];
+        m_colorMapType = static_cast<char>(bytes[1]);
+        m_imageTypeCode = static_cast<char>(bytes[2]);
+        if (m_colorMapType != 0)
+            ORV_THROW(OrvFileException, "TGA colors maps aren't supported, get to work !", kFile);
+        if (m_imageTypeCode != 2)
+            ORV_THROW(OrvFileException, "TGA image type not supported", kFile);
+        LoadImageType2(reinterpret_cast<char*>(bytes.get()));
+    });
 }
 
 void OrvTGAImageFile::LoadImageType2(char* fileBytes)

@@ -9,11 +9,13 @@ OrvTextFile::~OrvTextFile() = default;
 
 void OrvTextFile::Load(const OrvUnicode& name, const OrvUnicode& path)
 {
-    OrvFile::Load(name, path);
-    AllocateData(static_cast<unsigned long>(m_size) + 1);
-    Read(m_data, 1, m_size);
-    m_data[m_size] = 0;
-    Close();
+    Guarded([&] {
+        OrvFile::Load(name, path);
+        AllocateData(static_cast<unsigned long>(m_size) + 1);
+        Read(m_data, 1, m_size);
+        m_data[m_size] = 0;
+        Close();
+    });
 }
 
 void OrvTextFile::Save(const OrvUnicode& name, SAVE_OPTION option)

@@ -106,7 +106,8 @@ unsigned char* PutText(unsigned char* out, const OrvUnicode& text)
 // exhaust the call stack. Owns what it built until Release.
 struct OrvXMLFile::TreeBuilder
 {
-    TreeBuilder() : root(nullptr) {}
+    // `file` names the document in refusals (may be null).
+    explicit TreeBuilder(const OrvXMLFile* file = nullptr) : root(nullptr), elements(0), owner(file) {}
     ~TreeBuilder() { delete root; }
     TreeBuilder(const TreeBuilder&) = delete;
     TreeBuilder& operator=(const TreeBuilder&) = delete;
@@ -150,6 +151,8 @@ struct OrvXMLFile::TreeBuilder
         }
         if (length != 0 && token[0] == u'<')
         {
+            if (open.size() >= kMaxDepth)
+                Refuse("The xml file nests its elements too deeply");
             OrvXMLElement* const child = Open(text, start, length);
             Attach(open.back(), child);
             open.push_back(child);
@@ -160,16 +163,27 @@ struct OrvXMLFile::TreeBuilder
     }
 
     // An element named by the token less its first and last characters.
-    static OrvXMLElement* Open(const OrvUnicode& text, unsigned int start, unsigned int length)
+    OrvXMLElement* Open(const OrvUnicode& text, unsigned int start, unsigned int length)
     {
+        if (++elements > kMaxElements)
+            Refuse("The xml file holds too many elements");
         OrvXMLElement* const element = new OrvXMLElement();
         if (length > 2)
             SetRange(element->m_name, text, start + 1, length - 2);
         return element;
     }
 
+    [[noreturn]] void Refuse(const char* what) const
+    {
+        if (owner != nullptr)
+            ORV_THROW(OrvFileException, owner->MessageNaming(what), kSource);
+        ORV_THROW(OrvFileException, what, kSource);
+    }
+
     OrvXMLElement* root;
     std::vector<OrvXMLElement*> open;
+    unsigned int elements;
+    const OrvXMLFile* owner;
 };
 
 OrvXMLFile::OrvXMLFile() : OrvFile(), m_loadedCompressed(false), m_text(), m_root(nullptr)
@@ -214,43 +228,52 @@ void OrvXMLFile::Create(OrvFileManager* manager, unsigned int id)
 
 void OrvXMLFile::Load(const OrvUnicode& name, const OrvUnicode& path)
 {
-    m_loadedCompressed = false;
-    OrvFile::Load(name, path);
-    try
-    {
-        if (m_size <= 0)
+    Guarded([&] {
+        m_loadedCompressed = false;
+        OrvFile::Load(name, path);
+        try
+        {
+            if (m_size <= 0)
+            {
+                Close();
+                return;
+            }
+            if (static_cast<unsigned long long>(m_size) > kMaxDocumentBytes)
+                ORV_THROW(OrvFileException, MessageNaming("The xml file is too large"), kSource);
+            AllocateData(static_cast<unsigned long>(m_size));
+            Read(m_data, m_size, 1);
+            // An envelope that could really expand that far (one that could not is
+            // damaged, and handled as such below).
+            const unsigned long declared = CZLibBuffer::DeclaredLength(m_data, static_cast<unsigned long>(m_size));
+            if (declared > kMaxDocumentBytes &&
+                declared <= CZLibBuffer::MaxUncompressedLength(static_cast<unsigned long>(m_size)))
+                ORV_THROW(OrvFileException, MessageNaming("The xml file expands beyond what a document may hold"),
+                          kSource);
+
+            CZLibBuffer document;
+            switch (document.Uncompress(m_data, static_cast<unsigned long>(m_size)))
+            {
+            case 2:
+                DecodeText(document.GetData(), document.GetSize());
+                m_loadedCompressed = true;
+                break;
+            case 1:
+                DecodeText(m_data, static_cast<unsigned long>(m_size));
+                break;
+            default:
+                // A broken envelope: the previous text stays and is parsed again.
+                m_size = 0;
+                break;
+            }
+            BuildTree();
+        }
+        catch (...)
         {
             Close();
-            return;
+            throw;
         }
-        if (static_cast<unsigned long long>(m_size) >= 0xFFFFFFFFull)
-            ORV_THROW(OrvFileException, MessageNaming("The xml file is too large"), kSource);
-        AllocateData(static_cast<unsigned long>(m_size));
-        Read(m_data, m_size, 1);
-
-        CZLibBuffer document;
-        switch (document.Uncompress(m_data, static_cast<unsigned long>(m_size)))
-        {
-        case 2:
-            DecodeText(document.GetData(), document.GetSize());
-            m_loadedCompressed = true;
-            break;
-        case 1:
-            DecodeText(m_data, static_cast<unsigned long>(m_size));
-            break;
-        default:
-            // A broken envelope: the previous text stays and is parsed again.
-            m_size = 0;
-            break;
-        }
-        BuildTree();
-    }
-    catch (...)
-    {
         Close();
-        throw;
-    }
-    Close();
+    });
 }
 
 void OrvXMLFile::DecodeText(const unsigned char* bytes, unsigned long length)
@@ -317,7 +340,7 @@ void OrvXMLFile::BuildTree()
 {
     delete m_root;
     m_root = nullptr;
-    TreeBuilder builder;
+    TreeBuilder builder(this);
     ForEachToken(m_text, [&](unsigned int start, unsigned int length) { return builder.Feed(m_text, start, length); });
     m_root = builder.Release();
 }

@@ -36,18 +36,37 @@ unsigned int CZLibBuffer::Compress(const unsigned char* source, unsigned long le
     return 2;
 }
 
+namespace
+{
+bool IsEnvelope(const unsigned char* source, unsigned long length)
+{
+    return source != nullptr && length >= kHeaderSize + 1 && source[0] == '7' && source[1] == 'z';
+}
+}  // namespace
+
+unsigned long CZLibBuffer::DeclaredLength(const unsigned char* source, unsigned long length)
+{
+    if (!IsEnvelope(source, length))
+        return 0;
+    return static_cast<unsigned long>(source[4]) | (static_cast<unsigned long>(source[5]) << 8) |
+           (static_cast<unsigned long>(source[6]) << 16) | (static_cast<unsigned long>(source[7]) << 24);
+}
+
+unsigned long CZLibBuffer::MaxUncompressedLength(unsigned long length)
+{
+    return length <= kHeaderSize ? 0 : (length - kHeaderSize) * kMaxRatio + kMaxRatio;
+}
+
 unsigned int CZLibBuffer::Uncompress(const unsigned char* source, unsigned long length)
 {
     if (source == nullptr || length == 0)
         return 0;
-    if (length < kHeaderSize + 1 || source[0] != '7' || source[1] != 'z')
+    if (!IsEnvelope(source, length))
         return 1;
-    const unsigned long n = static_cast<unsigned long>(source[4]) | (static_cast<unsigned long>(source[5]) << 8) |
-                            (static_cast<unsigned long>(source[6]) << 16) |
-                            (static_cast<unsigned long>(source[7]) << 24);
-    // Deflate cannot expand data more than about 1032 times: a larger declared
-    // length belongs to a damaged envelope, refused before allocating for it.
-    if (n > (length - kHeaderSize) * kMaxRatio + kMaxRatio)
+    const unsigned long n = DeclaredLength(source, length);
+    // A larger declared length belongs to a damaged envelope, refused before
+    // allocating for it.
+    if (n > MaxUncompressedLength(length))
     {
         Destroy();
         return 0;

@@ -1,7 +1,7 @@
 #include "OrvException.h"
 
-#include <string>
-#include <unordered_set>
+#include <new>
+
 
 #include "OrvArrayException.h"
 #include "OrvTreeNodeException.h"
@@ -38,24 +38,42 @@ OrvException::OrvException(const char* message_, const char* file_, int line_, c
 {
 }
 
+OrvException::OrvException(const std::string& message_, const char* file_, int line_)
+    : OrvException(message_, file_, line_, kBaseName)
+{
+}
+
+OrvException::OrvException(const std::string& message_, const char* file_, int line_, const char* displayName)
+    : message(""), file(file_), name(displayName), line(line_)
+{
+    // Out of memory, the exception still tells what happened, in general terms.
+    try
+    {
+        m_text = std::make_shared<const std::string>(message_);
+        message = m_text->c_str();
+    }
+    catch (const std::bad_alloc&)
+    {
+        message = "Not enough memory to tell what went wrong";
+    }
+}
+
 OrvException::OrvException(const OrvException& other) = default;
 OrvException& OrvException::operator=(const OrvException& other) = default;
 OrvException::~OrvException() = default;
 
 void OrvException::Report() {}
 
-const char* OrvException::KeepMessage(const char* text)
-{
-    // Each distinct text is kept once.
-    static std::unordered_set<std::string> kept;
-    return kept.insert(text != nullptr ? text : "").first->c_str();
-}
 
 // A default-built member keeps the base's display name; one built from a
 // message carries its own.
 #define ORV_DEFINE_EXCEPTION(ClassName, DisplayName)                                        \
     ClassName::ClassName() : OrvException() {}                                              \
     ClassName::ClassName(const char* message_, const char* file_, int line_)                \
+        : OrvException(message_, file_, line_, DisplayName)                                 \
+    {                                                                                       \
+    }                                                                                       \
+    ClassName::ClassName(const std::string& message_, const char* file_, int line_)         \
         : OrvException(message_, file_, line_, DisplayName)                                 \
     {                                                                                       \
     }                                                                                       \

@@ -19,8 +19,8 @@ const unsigned int kStackCapacity = 15;
 void CgErrorCallback()
 {
     const CGerror error = cgGetError();
-    // The runtime's text lives only until its next error.
-    ORV_THROW(OrvCgException, OrvException::KeepMessage(cgGetErrorString(error)), kSource);
+    // The runtime's text lives only until its next error: the exception keeps a copy.
+    ORV_THROW(OrvCgException, std::string(cgGetErrorString(error)), kSource);
 }
 
 OrvRenderer::OrvRenderer(OrvApplication* application)

@@ -36,10 +36,10 @@ void SetGLAttributes(bool depthAndStencil)
     }
 }
 
-// SDL's error text, kept for the process so an exception can carry it.
-const char* SDLError()
+// SDL's error text, copied: SDL reuses its buffer.
+std::string SDLError()
 {
-    return OrvException::KeepMessage(SDL_GetError());
+    return SDL_GetError();
 }
 }  // namespace
 
@@ -68,7 +68,7 @@ void OrvSDLRenderWindow::Create(const char* caption, unsigned int width, unsigne
     const Uint32 running = SDL_WasInit(SDL_INIT_EVERYTHING);
     if (SDL_Init(kSubsystems) != 0)
     {
-        const char* message = SDLError();
+        const std::string message = SDLError();
         // Leave SDL as it was found: SDL_Init may have started part of it.
         if (running == 0)
             SDL_Quit();

@@ -155,6 +155,17 @@ TEST_F(OrvBigFileTest, CorruptTablesAreRefusedBeforeReading)
     EXPECT_EQ(BigFileError("Error reading the data of a file from big file : b/d.xml"),
               Thrown([&] { pack->GetFileData("b/d.xml", buffer, 10); }).Full());
     EXPECT_EQ(nullptr, pack->GetSystemFile());
+
+    // A 256 KB table of 65,530 members, all one record: read in one pass.
+    const unsigned long members = 65530;
+    std::string table = Le32(members);
+    for (unsigned long i = 0; i < members; ++i)
+        table += Le32(4 + 4 * members);
+    OrvScratchDir::Write("many.vbf", table + Le32(1) + Le32(1) + "a" + "z");
+    OrvBigFile* many = NewFile<OrvBigFile>(manager);
+    many->Load("many.vbf", "");
+    EXPECT_EQ(members, many->GetFileCount());
+    EXPECT_EQ(1, many->GetFileSize("a"));
 }
 
 TEST_F(OrvBigFileTest, ServesMembersThroughTheManager)

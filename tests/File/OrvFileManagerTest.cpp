@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <string>
 #include <vector>
 
 #include "OrvFileManager.h"
+#include "OrvMemoryCap.h"
 #include "OrvTestBytes.h"
 #include "OrvTextFile.h"
 
@@ -150,4 +153,60 @@ TEST_F(OrvFileManagerTest, RegistryIdsAndCapacitySteps)
     EXPECT_EQ(0u, manager.GetFileCount());
     EXPECT_EQ(10u, manager.GetFileCapacity());
     EXPECT_EQ(nullptr, manager.GetFile(""));
+}
+
+TEST_F(OrvFileManagerTest, OnlyRegularFilesOpenAndFailedLoadsAreNotKept)
+{
+    // A name holding a zero character would narrow to the media path alone.
+    manager.AddMediaPath("media");
+    ASSERT_EQ(0, mkdir("media", 0755));
+    OrvUnicode zeroNamed("x.txt");
+    *zeroNamed[0] = 0;
+    const Thrown zero([&] { manager.GetOrLoad<OrvTextFile>(zeroNamed); });
+    EXPECT_EQ("Orv File Exception", zero.name);
+    EXPECT_EQ(0, zero.message.find("A file name holds a zero character")) << zero.message;
+
+    // A folder named like the file is not the file.
+    ASSERT_EQ(0, mkdir("media/folder.txt", 0755));
+    EXPECT_EQ("Can't find the file to read : folder.txt",
+              Thrown([&] { manager.GetOrLoad<OrvTextFile>("folder.txt"); }).message);
+
+    // Nothing of a failed load stays registered: asking again fails again,
+    // and once the file exists it loads.
+    for (int attempt = 0; attempt < 2; ++attempt)
+        EXPECT_EQ("Can't find the file to read : late.txt",
+                  Thrown([&] { manager.GetOrLoad<OrvTextFile>("late.txt"); }).message);
+    EXPECT_EQ(nullptr, manager.GetFile("late.txt"));
+    OrvScratchDir::Write("late.txt", "here");
+    EXPECT_EQ(4, manager.GetOrLoad<OrvTextFile>("late.txt")->GetSize());
+}
+
+TEST(OrvFileOutOfMemory, AReaderThatCannotAllocateRefusesTheFile)
+{
+#if !ORV_MEMORY_CAP_WORKS
+    GTEST_SKIP() << "the address sanitizer's own reservations defeat a cap on memory";
+#else
+    OrvScratchDir dir;
+    OrvScratchDir::Write("big.txt", std::string(8u << 20, 'x'));
+    EXPECT_EXIT(
+        {
+            OrvFileManager files;
+            CapMemory(64u << 10);
+            int outcome = 1;
+            try
+            {
+                files.GetOrLoad<OrvTextFile>("big.txt");
+            }
+            catch (const OrvFileException& refused)
+            {
+                outcome = std::string(refused.message).find("Not enough memory to read the file") == 0 ? 0 : 2;
+            }
+            catch (...)
+            {
+                outcome = 5;
+            }
+            std::_Exit(outcome);
+        },
+        ::testing::ExitedWithCode(0), "");
+#endif
 }

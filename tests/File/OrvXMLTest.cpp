@@ -206,14 +206,44 @@ TEST_F(OrvXMLTest, ElementsOwnTheirSubtreesAndCopyShallow)
     EXPECT_EQ(0u, root->GetChildCount());
 }
 
-TEST_F(OrvXMLTest, DeepAndDamagedInputNeverCrashes)
+TEST_F(OrvXMLTest, HostileDocumentsAreBoundedAndDamagedOnesNeverCrash)
 {
+    // As deep as a document may nest, printed without recursion; one deeper
+    // is refused, naming the file.
     std::string deep;
-    for (int i = 0; i < 200000; ++i)
+    for (unsigned int i = 0; i < OrvXMLFile::kMaxDepth; ++i)
         deep += "<d>";
     OrvXMLFile* file = Parsed(manager, deep.c_str());
     EXPECT_EQ(1u, file->GetXMLRoot()->GetChildCount());
-    EXPECT_EQ(200000u * 9u, Printed(file->GetXMLRoot()).size());
+    EXPECT_EQ(OrvXMLFile::kMaxDepth * 9u, Printed(file->GetXMLRoot()).size());
+    OrvScratchDir::Write("deep.xml", deep + "<d>");
+    EXPECT_EQ("The xml file nests its elements too deeply : deep.xml",
+              Thrown([&] { NewFile<OrvXMLFile>(manager)->Load("deep.xml", ""); }).message);
+
+    // 200,000 siblings in a 1.5 KB envelope: loaded in one pass. More
+    // elements than a document may hold, or an envelope that would expand
+    // past what a document may hold, are refused.
+    std::string siblings = "<r>";
+    for (int i = 0; i < 200000; ++i)
+        siblings += "<a></a>";
+    siblings += "</r>";
+    CZLibBuffer packed;
+    ASSERT_EQ(2u, packed.Compress(reinterpret_cast<const unsigned char*>(siblings.data()), siblings.size(), 9));
+    OrvScratchDir::Write("siblings.xml", AsString(packed.GetData(), packed.GetSize()));
+    OrvXMLFile* wide = NewFile<OrvXMLFile>(manager);
+    wide->Load("siblings.xml", "");
+    EXPECT_EQ(200000u, wide->GetXMLRoot()->GetChildCount());
+    std::string crowd = "<r>";
+    for (unsigned int i = 0; i < OrvXMLFile::kMaxElements; ++i)
+        crowd += "<a></a>";
+    OrvScratchDir::Write("crowd.xml", crowd);
+    EXPECT_EQ("The xml file holds too many elements : crowd.xml",
+              Thrown([&] { NewFile<OrvXMLFile>(manager)->Load("crowd.xml", ""); }).message);
+    std::string huge(17u << 20, ' ');
+    ASSERT_EQ(2u, packed.Compress(reinterpret_cast<const unsigned char*>(huge.data()), huge.size(), 9));
+    OrvScratchDir::Write("huge.xml", AsString(packed.GetData(), packed.GetSize()));
+    EXPECT_EQ("The xml file expands beyond what a document may hold : huge.xml",
+              Thrown([&] { NewFile<OrvXMLFile>(manager)->Load("huge.xml", ""); }).message);
 
     delete file->GetXMLRoot();
     file->SetXMLRoot(nullptr);

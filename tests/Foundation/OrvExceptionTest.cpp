@@ -41,3 +41,23 @@ TEST(OrvException, NamesCopiesAndTheThrowMacro)
         EXPECT_NE(nullptr, dynamic_cast<OrvInvalidMatrixException*>(&e));
     }
 }
+
+TEST(OrvException, AMessageBuiltAtRunTimeLivesWithItsExceptions)
+{
+    OrvFileException copy;
+    {
+        std::string text = "Can't find the file to read : ";
+        text += "levels/7.xml";
+        const OrvFileException thrown(text, "src/File/OrvFile", 12);
+        text.assign(text.size(), '#');
+        copy = thrown;
+        EXPECT_STREQ("Can't find the file to read : levels/7.xml", thrown.message);
+        // Each exception keeps its own text: nothing is kept for the life of
+        // the process, however many files a game fails to load.
+        const OrvFileException again(std::string("Can't find the file to read : levels/7.xml"), "x", 1);
+        EXPECT_NE(thrown.message, again.message);
+    }
+    EXPECT_STREQ("Can't find the file to read : levels/7.xml", copy.message) << "the copy shares the text";
+    EXPECT_STREQ("Orv File Exception", copy.name);
+    EXPECT_EQ(12, copy.line);
+}

@@ -29,7 +29,7 @@ CGerror g_lastError = CG_NO_ERROR;
 void ThrowingCallback()
 {
     g_lastError = cgGetError();
-    throw OrvCgException(OrvException::KeepMessage(cgGetErrorString(g_lastError)), "src/Renderer/OrvRenderer",
+    throw OrvCgException(std::string(cgGetErrorString(g_lastError)), "src/Renderer/OrvRenderer",
                          __LINE__);
 }
 
