@@ -67,6 +67,12 @@ public:
             throw;
         }
         AddGameAsset(asset);
+        // The list could not grow: the asset is not kept half registered.
+        if (!IsRegistered(asset))
+        {
+            delete asset;
+            ORV_THROW(OrvException, "Not enough memory for another game asset", "include/OrvGameAssetManager");
+        }
         return asset;
     }
 

@@ -33,7 +33,8 @@ public:
         if (m_renderer == nullptr)
             ORV_THROW(OrvRendererException, kNoRendererMessage, "include/OrvMaterialShelf");
         T* material = new T(m_renderer);
-        m_materials.Add(material, false);
+        ORV_ADD_OWNED(m_materials, material, OrvRendererException, "Not enough memory for another material",
+                      "include/OrvMaterialShelf");
         return material;
     }
 

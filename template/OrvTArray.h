@@ -43,6 +43,15 @@ public:
             m_data[m_size - 1] = p;
     }
 
+    // Add without the uniqueness check, telling whether the pointer was
+    // taken (false: the array could not grow and nothing changed).
+    bool Append(T* p)
+    {
+        const unsigned int size = m_size;
+        Add(p, false);
+        return m_size != size;
+    }
+
     T* Remove(T* p)
     {
         const long index = Find(p);
@@ -125,5 +134,18 @@ private:
     unsigned int m_size;
     T** m_data;
 };
+
+// An owner appends an object handed over to it with this: when its array
+// cannot grow, the object is destroyed and the owner's refusal thrown, so
+// that nothing handed over is ever lost. (The array itself never throws.)
+#define ORV_ADD_OWNED(array, object, ExceptionType, message, file) \
+    do                                                              \
+    {                                                               \
+        if (!(array).Append(object))                                \
+        {                                                           \
+            delete (object);                                        \
+            ORV_THROW(ExceptionType, message, file);                \
+        }                                                           \
+    } while (false)
 
 #endif

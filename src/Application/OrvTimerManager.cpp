@@ -1,4 +1,5 @@
 #include "OrvTimerManager.h"
+#include "OrvException.h"
 
 OrvTimerManager::OrvTimerManager() : m_updating(false) {}
 
@@ -11,7 +12,7 @@ OrvTimerManager::~OrvTimerManager()
 OrvTimer* OrvTimerManager::AddTimer()
 {
     OrvTimer* timer = new OrvTimer();
-    m_timers.Add(timer, false);
+    ORV_ADD_OWNED(m_timers, timer, OrvException, "Not enough memory for another timer", "src/Application/OrvTimerManager");
     return timer;
 }
 

@@ -2,6 +2,7 @@
 
 #include "OrvGameAsset.h"
 #include "OrvMessage.h"
+#include "OrvMessageException.h"
 
 OrvMessageManager::OrvMessageManager() = default;
 
@@ -14,7 +15,8 @@ void OrvMessageManager::SendMessage(OrvGameAsset* sender, OrvGameAsset* receiver
                                     void* data, int delay)
 {
     OrvMessage* sent = new OrvMessage(sender, receiver, message, data, static_cast<float>(delay));
-    m_messages.Add(sent, false);
+    ORV_ADD_OWNED(m_messages, sent, OrvMessageException, "Not enough memory for another message",
+                  "src/GameAsset/OrvMessageManager");
     m_pending.Add(sent);
 }
 

@@ -8,6 +8,7 @@
 #include "OrvSDLJoypad.h"
 #include "OrvSDLKeyboard.h"
 #include "OrvSDLMouse.h"
+#include "OrvInputException.h"
 
 OrvInputManager::OrvInputManager() = default;
 
@@ -28,7 +29,8 @@ OrvInputManager::~OrvInputManager()
 
 void OrvInputManager::AddDevice(OrvInputDevice* device)
 {
-    m_devices.Add(device, false);
+    ORV_ADD_OWNED(m_devices, device, OrvInputException, "Not enough memory for another device",
+                  "src/Input/OrvInputManager");
     if (device != nullptr)
         device->SetInputManager(this);
 }

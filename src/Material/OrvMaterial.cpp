@@ -29,7 +29,7 @@ void OrvMaterial::Prefetch(unsigned int stage) const
 
 void OrvMaterial::AddPass(OrvPass* pass)
 {
-    m_passes.Add(pass, false);
+    ORV_ADD_OWNED(m_passes, pass, OrvRendererException, "Not enough memory for another pass", kSource);
 }
 
 void OrvMaterial::DeleteAllPasses()

@@ -2,6 +2,12 @@
 
 #include "OrvEffect.h"
 #include "OrvRenderer.h"
+#include "OrvRendererException.h"
+
+namespace
+{
+const char* const kSource = "src/Renderer/OrvEffectManager";
+}
 
 OrvEffectManager::OrvEffectManager(OrvRenderer* renderer) : m_renderer(renderer) {}
 
@@ -33,7 +39,7 @@ OrvEffect* OrvEffectManager::CreateEffect(const OrvUnicode& vsPath, const OrvUni
     if (OrvEffect* shared = GetEffect(vsPath, fsPath))
         return shared;
     OrvEffect* effect = new OrvEffect(this, vsPath, fsPath);
-    m_effects.Add(effect, false);
+    ORV_ADD_OWNED(m_effects, effect, OrvRendererException, "Not enough memory for another effect", kSource);
     return effect;
 }
 

@@ -4,6 +4,12 @@
 #include "OrvMaterial.h"
 #include "OrvRenderer.h"
 #include "OrvVertex.h"
+#include "OrvRendererException.h"
+
+namespace
+{
+const char* const kSource = "src/Renderer/OrvMesh";
+}
 
 OrvMesh::OrvMesh(OrvRenderer* renderer)
     : m_renderer(renderer), m_material(nullptr), m_boundingBox(new OrvAxisAlignedBox(renderer)),
@@ -20,7 +26,7 @@ OrvMesh::~OrvMesh()
 
 void OrvMesh::AddVertex(OrvVertex* vertex)
 {
-    m_vertices.Add(vertex, false);
+    ORV_ADD_OWNED(m_vertices, vertex, OrvRendererException, "Not enough memory for another vertex", kSource);
 }
 
 OrvVertex* OrvMesh::RemoveVertex(unsigned int index)

@@ -30,7 +30,7 @@ OrvTexture* OrvTextureManager::CreateTexture()
 {
     OrvTexture* texture = CreateRightType();
     texture->Create(m_nextID++, this);
-    m_textures.Add(texture, false);
+    ORV_ADD_OWNED(m_textures, texture, OrvTextureException, "Not enough memory for another texture", kSource);
     return texture;
 }
 

@@ -4,6 +4,11 @@
 #include "OrvSprite.h"
 #include "OrvSpriteAnimationFrame.h"
 
+namespace
+{
+const char* const kSource = "src/Sprite/OrvSpriteAnimation";
+}
+
 OrvSpriteAnimation::OrvSpriteAnimation() : m_name(""), m_speed(0.0f), m_loop(false), m_users(0) {}
 
 OrvSpriteAnimation::~OrvSpriteAnimation()
@@ -21,7 +26,7 @@ void OrvSpriteAnimation::Create(const OrvUnicode& name, float speed, bool loop)
 
 void OrvSpriteAnimation::AddFrame(OrvSpriteAnimationFrame* frame)
 {
-    m_frames.Add(frame, false);
+    ORV_ADD_OWNED(m_frames, frame, OrvException, "Not enough memory for another frame", kSource);
     if (GetIsInUse() && frame != nullptr && frame->GetSprite() != nullptr)
         frame->GetSprite()->AddUser();
 }

@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "OrvAxisAlignedBox.h"
 #include "OrvColor.h"
 #include "OrvColorMaterial.h"
 #include "OrvMaterial.h"
+#include "OrvMemoryCap.h"
 #include "OrvMesh.h"
+#include "OrvRendererException.h"
 #include "OrvOpenGLRenderer.h"
 #include "OrvPass.h"
 #include "OrvTestGame.h"
@@ -62,4 +66,44 @@ TEST_F(OrvMeshGameTest, EveryPassDrawsTheQuadsAndTheBoxFollows)
     EXPECT_EQ(7u, mesh->GetVertexCount());
     delete taken;
     delete mesh;
+}
+
+namespace
+{
+int g_destroyed = 0;
+
+class CountedVertex : public OrvVertex
+{
+public:
+    ~CountedVertex() override { ++g_destroyed; }
+};
+
+}  // namespace
+
+TEST(OrvMeshOwnership, AVertexTheMeshCannotHoldIsRefusedAndDestroyed)
+{
+#if !ORV_MEMORY_CAP_WORKS
+    GTEST_SKIP() << "the address sanitizer's own reservations defeat a cap on memory";
+#else
+    EXPECT_EXIT(
+        {
+            OrvMesh mesh(nullptr);
+            for (int i = 0; i < 32; ++i)
+                mesh.AddVertex(new OrvVertex());
+            OrvVertex* extra = new CountedVertex();
+            CapMemory();
+            // The 33rd vertex needs a larger block than the memory left gives.
+            bool refused = false;
+            try
+            {
+                mesh.AddVertex(extra);
+            }
+            catch (const OrvRendererException&)
+            {
+                refused = true;
+            }
+            std::_Exit(refused && g_destroyed == 1 && mesh.GetVertexCount() == 32 ? 0 : 1);
+        },
+        ::testing::ExitedWithCode(0), "");
+#endif
 }
