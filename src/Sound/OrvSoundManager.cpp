@@ -44,16 +44,36 @@ void OrvSoundManager::InitOpenAL()
     m_device = alcOpenDevice(nullptr);
     if (m_device == nullptr)
         return;
+    // Whatever fails from here on, the device, its context and what was made
+    // in it are released before the refusal: a manager that does not exist
+    // owns nothing.
+    bool buffersMade = false;
+    bool sourcesMade = false;
+    const auto refuse = [&](const char* message) {
+        if (sourcesMade)
+            alDeleteSources(kPoolSize, m_sources);
+        if (buffersMade)
+            alDeleteBuffers(kPoolSize, m_buffers);
+        alcMakeContextCurrent(nullptr);
+        if (m_context != nullptr)
+            alcDestroyContext(m_context);
+        alcCloseDevice(m_device);
+        m_context = nullptr;
+        m_device = nullptr;
+        ORV_THROW(OrvSoundException, message, kSource);
+    };
     m_context = alcCreateContext(m_device, nullptr);
-    alcMakeContextCurrent(m_context);
+    if (m_context == nullptr || alcMakeContextCurrent(m_context) != ALC_TRUE)
+        refuse("Error while creating the OpenAL context");
     alGetError();
     alGenBuffers(kPoolSize, m_buffers);
     if (alGetError() != AL_NO_ERROR)
-        ORV_THROW(OrvSoundException, "Error while generating OpenAL buffers", kSource);
+        refuse("Error while generating OpenAL buffers");
+    buffersMade = true;
     alGenSources(kPoolSize, m_sources);
     if (alGetError() != AL_NO_ERROR)
-        ORV_THROW(OrvSoundException, "Error while generating OpenAL sources", kSource);
-    CheckALError();
+        refuse("Error while generating OpenAL sources");
+    sourcesMade = true;
 }
 
 void OrvSoundManager::DestroyOpenAL()
@@ -249,7 +269,7 @@ void OrvSoundManager::PlaySound(const OrvUnicode& name, float gain, bool looping
         return;
     }
     sound = new OrvSound(name);
-    m_sounds.Add(sound, false);
+    ORV_ADD_OWNED(m_sounds, sound, OrvSoundException, "Not enough memory for another sound", kSource);
     const int buffer = GetFreeBuffer();
     if (buffer < 0)
         return;
@@ -279,7 +299,7 @@ void OrvSoundManager::QueueSound(const OrvUnicode& name, float gain, bool loopin
     if (sound == nullptr)
     {
         sound = new OrvSound(name);
-        m_sounds.Add(sound, false);
+        ORV_ADD_OWNED(m_sounds, sound, OrvSoundException, "Not enough memory for another sound", kSource);
     }
     if (!LoadIfUnloaded(sound))
         return;

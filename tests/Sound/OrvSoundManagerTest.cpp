@@ -8,6 +8,8 @@
 #include <string>
 #include <thread>
 
+#include <AL/alc.h>
+
 #include "OrvSound.h"
 #include "OrvSoundManager.h"
 #include "OrvTestBytes.h"
@@ -101,6 +103,17 @@ TEST(OrvSoundSilent, WithoutADeviceEverythingIsNeutral)
     game.Term();
 }
 
+TEST(OrvSoundRefused, AFailedStartReleasesTheDevice)
+{
+    const char* limited = std::getenv("ORV_TEST_FEW_SOURCES");
+    if (limited == nullptr)
+        GTEST_SKIP() << "runs where openal-soft allows fewer sources than the pool (its own ctest entry)";
+    const Thrown refused([] { OrvSoundManager sounds(nullptr); });
+    EXPECT_EQ("Orv Sound Exception | Error while generating OpenAL sources | src/Sound/OrvSoundManager",
+              refused.Full());
+    EXPECT_EQ(nullptr, alcGetCurrentContext()) << "the context went with the refusal";
+}
+
 TEST_F(OrvSoundTest, ThePoolHoldsTwelveAndReclaimsEndedSounds)
 {
     sounds->PlaySound("short.wav", 1.0f, false, 0);
@@ -178,10 +191,10 @@ TEST_F(OrvSoundTest, AQueuedSoundTakesOverItsPredecessorsSource)
     EXPECT_EQ("Invalid snd op parameter", Thrown([&] { sounds->SetIsActivated(false); }).message)
         << "no stop-all callback";
     EXPECT_FALSE(sounds->GetIsActivated());
+    const Thrown unknownOperation(
+        [&] { sounds->SetSndOpCallback(static_cast<OrvSoundManager::SND_OPS>(1), nullptr, nullptr); });
     EXPECT_EQ("Invalid snd op parameter | src/Sound/OrvSoundManager",
-              Thrown([&] { sounds->SetSndOpCallback(static_cast<OrvSoundManager::SND_OPS>(1), nullptr, nullptr); })
-                      .message +
-                  " | src/Sound/OrvSoundManager");
+              unknownOperation.message + " | " + unknownOperation.file);
     g_stopAlls = 0;
     sounds->SetSndOpCallback(OrvSoundManager::SND_OP_STOP_ALL, [](void* count) { ++*static_cast<int*>(count); },
                              &g_stopAlls);
