@@ -1,6 +1,8 @@
 #ifndef ORV_APPLICATION_H
 #define ORV_APPLICATION_H
 
+#include <memory>
+
 #include "OrvInputListner.h"
 #include "OrvTObjectArray.h"
 
@@ -66,25 +68,25 @@ public:
     float GetLoadingPercent() const { return m_loadingPercent; }
     bool IsRunning() const { return m_running; }
 
-    OrvGameAssetManager* GetGameAssetManager() const { return m_gameAssetManager; }
-    OrvRenderer* GetRenderer() const { return m_renderer; }
-    OrvCamera* GetWorldCamera() const { return m_worldCamera; }
-    OrvCamera* GetHUDCamera() const { return m_hudCamera; }
-    OrvMessageManager* GetMessageManager() const { return m_messageManager; }
-    OrvInputManager* GetInputManager() const { return m_inputManagerOwned; }
-    OrvSoundManager* GetSoundManager() const { return m_soundManager; }
-    OrvSpriteManager* GetSpriteManager() const { return m_spriteManager; }
+    OrvGameAssetManager* GetGameAssetManager() const { return m_gameAssetManager.get(); }
+    OrvRenderer* GetRenderer() const { return m_renderer.get(); }
+    OrvCamera* GetWorldCamera() const { return m_worldCamera.get(); }
+    OrvCamera* GetHUDCamera() const { return m_hudCamera.get(); }
+    OrvMessageManager* GetMessageManager() const { return m_messageManager.get(); }
+    OrvInputManager* GetInputManager() const { return m_inputManagerOwned.get(); }
+    OrvSoundManager* GetSoundManager() const { return m_soundManager.get(); }
+    OrvSpriteManager* GetSpriteManager() const { return m_spriteManager.get(); }
     // The perspective tree's root and the head-up display's (pixels, origin
     // at the viewport's centre while it is drawn).
     OrvGameAsset* GetWorldRoot() const { return m_worldRoot; }
     OrvGameAsset* GetHUDRoot() const { return m_hudRoot; }
     OrvGameAsset* GetDebugRoot() const { return m_debugRoot; }
-    OrvAxisAlignedBox* GetScreenBox() const { return m_screenBox; }
-    OrvFileManager* GetFileManager() const { return m_fileManager; }
-    OrvTextureManager* GetTextureManager() const { return m_textureManager; }
-    OrvTimerManager* GetTimerManager() const { return m_timerManager; }
-    OrvMaterialShelf* GetMaterialShelf() const { return m_materialShelf; }
-    OrvRenderWindow* GetMainWindow() const { return m_window; }
+    OrvAxisAlignedBox* GetScreenBox() const { return m_screenBox.get(); }
+    OrvFileManager* GetFileManager() const { return m_fileManager.get(); }
+    OrvTextureManager* GetTextureManager() const { return m_textureManager.get(); }
+    OrvTimerManager* GetTimerManager() const { return m_timerManager.get(); }
+    OrvMaterialShelf* GetMaterialShelf() const { return m_materialShelf.get(); }
+    OrvRenderWindow* GetMainWindow() const { return m_window.get(); }
 
     // Switches the window to or from full screen; the renderer is set up
     // again, the effects declared anew and the textures reloaded, for the GL
@@ -128,22 +130,33 @@ private:
     OrvGameAsset* CreateRoot(const char* name);
     // Destroys every game asset, the roots included.
     void DestroyGameAssets();
+    // The one way the engine is taken down, by Term and by the destructor:
+    // the game's assets first (they lean on every manager), then the
+    // managers in the reverse of their making. Term keeps the game asset
+    // manager and the material shelf (the shelf then knows no renderer);
+    // the destructor releases everything.
+    void Release(bool keepAssetManagerAndShelf);
 
-    OrvGameAssetManager* m_gameAssetManager;
-    OrvRenderer* m_renderer;
-    OrvCamera* m_worldCamera;
-    OrvCamera* m_hudCamera;
-    OrvFileManager* m_fileManager;
-    OrvTextureManager* m_textureManager;
-    OrvSpriteManager* m_spriteManager;
-    OrvTimerManager* m_timerManager;
-    // The one the application owns; the listener's own link (m_inputManager)
-    // points at it while the application is registered.
-    OrvInputManager* m_inputManagerOwned;
-    OrvMaterialShelf* m_materialShelf;
-    OrvMessageManager* m_messageManager;
-    OrvSoundManager* m_soundManager;
-    OrvRenderWindow* m_window;
+    // Owned parts, declared in the order they are made, each after what it
+    // leans on: released in reverse, nothing outlives what it uses. The game
+    // asset manager comes last so that the assets go first.
+    std::unique_ptr<OrvRenderWindow> m_window;
+    std::unique_ptr<OrvFileManager> m_fileManager;
+    std::unique_ptr<OrvRenderer> m_renderer;
+    std::unique_ptr<OrvCamera> m_worldCamera;
+    std::unique_ptr<OrvCamera> m_hudCamera;
+    std::unique_ptr<OrvTextureManager> m_textureManager;
+    std::unique_ptr<OrvMaterialShelf> m_materialShelf;
+    std::unique_ptr<OrvMessageManager> m_messageManager;
+    // The listener's own link (m_inputManager) points at it while the
+    // application is registered.
+    std::unique_ptr<OrvInputManager> m_inputManagerOwned;
+    std::unique_ptr<OrvSpriteManager> m_spriteManager;
+    std::unique_ptr<OrvTimerManager> m_timerManager;
+    std::unique_ptr<OrvSoundManager> m_soundManager;
+    std::unique_ptr<OrvAxisAlignedBox> m_screenBox;
+    std::unique_ptr<OrvGameAssetManager> m_gameAssetManager;
+
     OrvGameAsset* m_worldRoot;
     OrvGameAsset* m_hudRoot;
     OrvGameAsset* m_debugRoot;
@@ -151,7 +164,6 @@ private:
     bool m_loading;
     float m_loadingPercent;
     OrvTObjectArray<OrvCursor*> m_cursors;
-    OrvAxisAlignedBox* m_screenBox;
     bool m_paused;
     unsigned int m_previousAppState;
     unsigned int m_currentAppState;

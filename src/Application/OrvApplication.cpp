@@ -32,16 +32,6 @@
 
 namespace
 {
-template <class T>
-void DeleteAndNull(T*& object)
-{
-    delete object;
-    object = nullptr;
-}
-}
-
-namespace
-{
 // The world and HUD cameras start here.
 const OrvVector3D kCameraPosition(0.0f, 0.0f, 870.0f);
 
@@ -79,26 +69,12 @@ private:
 }  // namespace
 
 OrvApplication::OrvApplication()
-    : m_gameAssetManager(nullptr),
-      m_renderer(nullptr),
-      m_worldCamera(nullptr),
-      m_hudCamera(nullptr),
-      m_fileManager(nullptr),
-      m_textureManager(nullptr),
-      m_spriteManager(nullptr),
-      m_timerManager(nullptr),
-      m_inputManagerOwned(nullptr),
-      m_materialShelf(nullptr),
-      m_messageManager(nullptr),
-      m_soundManager(nullptr),
-      m_window(nullptr),
-      m_worldRoot(nullptr),
+    : m_worldRoot(nullptr),
       m_hudRoot(nullptr),
       m_debugRoot(nullptr),
       m_running(false),
       m_loading(false),
       m_loadingPercent(0.0f),
-      m_screenBox(nullptr),
       m_paused(false),
       m_previousAppState(0),
       m_currentAppState(0),
@@ -108,22 +84,7 @@ OrvApplication::OrvApplication()
 
 OrvApplication::~OrvApplication()
 {
-    DeleteAndNull(m_screenBox);
-    DestroyGameAssets();
-    DeleteAndNull(m_soundManager);
-    DeleteAndNull(m_timerManager);
-    DeleteAndNull(m_spriteManager);
-    DeleteAndNull(m_inputManagerOwned);
-    m_inputManager = nullptr;
-    DeleteAndNull(m_messageManager);
-    DeleteAndNull(m_textureManager);
-    DeleteAndNull(m_hudCamera);
-    DeleteAndNull(m_worldCamera);
-    DeleteAndNull(m_gameAssetManager);
-    DeleteAndNull(m_materialShelf);
-    DeleteAndNull(m_renderer);
-    DeleteAndNull(m_fileManager);
-    DeleteAndNull(m_window);
+    Release(false);
     m_cursors.RemoveAll();
 }
 
@@ -174,32 +135,36 @@ void OrvApplication::Run()
 
 void OrvApplication::Initialise(unsigned int width, unsigned int height)
 {
+    if (m_window != nullptr)
+        ORV_THROW(OrvException, "You tried to initialise an application that is already running",
+                  "src/Application/OrvApplication");
     OrvSDLRenderWindow* window = new OrvSDLRenderWindow();
-    m_window = window;
+    m_window.reset(window);
     window->SetDepthAndStencil(m_depthAndStencil);
     m_window->Create("The Tarnwick", width, height, true);
-    m_fileManager = new OrvFileManager();
+    m_fileManager.reset(new OrvFileManager());
     LoadMediaPaths();
-    m_renderer = new OrvOpenGLRenderer(this);
+    m_renderer.reset(new OrvOpenGLRenderer(this));
     // The window knows the size it really took (the desktop's for 0xFFFFFFFF).
     m_renderer->Setup(0, 0, m_window->GetWidth(), m_window->GetHeight());
-    m_gameAssetManager = new OrvGameAssetManager(this);
+    // A second Run starts from fresh ones (the last Term kept them).
+    m_gameAssetManager.reset(new OrvGameAssetManager(this));
     m_worldRoot = CreateRoot("PerspectiveRoot");
     m_hudRoot = CreateRoot("OrthographicRoot");
     m_debugRoot = CreateRoot("DebugGameAssetRoot");
-    m_worldCamera = new OrvCamera(this, kCameraPosition);
-    m_hudCamera = new OrvCamera(this, kCameraPosition);
-    m_textureManager = new OrvTextureManager(m_renderer);
-    m_materialShelf = new OrvMaterialShelf();
-    m_materialShelf->Init(m_renderer);
-    m_messageManager = new OrvMessageManager();
-    m_inputManagerOwned = new OrvInputManager();
+    m_worldCamera.reset(new OrvCamera(this, kCameraPosition));
+    m_hudCamera.reset(new OrvCamera(this, kCameraPosition));
+    m_textureManager.reset(new OrvTextureManager(m_renderer.get()));
+    m_materialShelf.reset(new OrvMaterialShelf());
+    m_materialShelf->Init(m_renderer.get());
+    m_messageManager.reset(new OrvMessageManager());
+    m_inputManagerOwned.reset(new OrvInputManager());
     m_inputManagerOwned->AddListner(this);
-    m_spriteManager = new OrvSpriteManager(this);
-    m_timerManager = new OrvTimerManager();
-    m_soundManager = new OrvSoundManager(this);
+    m_spriteManager.reset(new OrvSpriteManager(this));
+    m_timerManager.reset(new OrvTimerManager());
+    m_soundManager.reset(new OrvSoundManager(this));
     OnInitialise();
-    m_screenBox = new OrvAxisAlignedBox(m_renderer);
+    m_screenBox.reset(new OrvAxisAlignedBox(m_renderer.get()));
     UpdateScreenBox();
     m_running = true;
     m_paused = false;
@@ -208,42 +173,50 @@ void OrvApplication::Initialise(unsigned int width, unsigned int height)
 void OrvApplication::Term()
 {
     m_cursors.RemoveAll();
-    DeleteAndNull(m_screenBox);
+    m_screenBox.reset();
     OnTerminate();
+    Release(true);
+}
+
+void OrvApplication::Release(bool keepAssetManagerAndShelf)
+{
     DestroyGameAssets();
-    DeleteAndNull(m_soundManager);
-    DeleteAndNull(m_timerManager);
+    if (!keepAssetManagerAndShelf)
+        m_gameAssetManager.reset();
+    m_screenBox.reset();
+    m_soundManager.reset();
+    m_timerManager.reset();
     if (m_spriteManager != nullptr)
-    {
         m_spriteManager->CleanUp();
-        DeleteAndNull(m_spriteManager);
-    }
+    m_spriteManager.reset();
     if (m_inputManagerOwned != nullptr)
     {
         m_inputManagerOwned->RemoveListner(this);
         m_inputManagerOwned->RemoveAllDevices();
-        DeleteAndNull(m_inputManagerOwned);
-        m_inputManager = nullptr;
     }
+    m_inputManagerOwned.reset();
+    m_inputManager = nullptr;
     if (m_messageManager != nullptr)
-    {
         m_messageManager->DeleteAllMessages();
-        DeleteAndNull(m_messageManager);
+    m_messageManager.reset();
+    if (keepAssetManagerAndShelf)
+    {
+        // The shelf outlives the renderer it made materials for.
+        if (m_materialShelf != nullptr)
+            m_materialShelf->Init(nullptr);
     }
+    else
+        m_materialShelf.reset();
     if (m_textureManager != nullptr)
-    {
         m_textureManager->CleanUp();
-        DeleteAndNull(m_textureManager);
-    }
-    DeleteAndNull(m_hudCamera);
-    DeleteAndNull(m_worldCamera);
-    DeleteAndNull(m_renderer);
+    m_textureManager.reset();
+    m_hudCamera.reset();
+    m_worldCamera.reset();
+    m_renderer.reset();
     if (m_fileManager != nullptr)
-    {
         m_fileManager->DeleteAllFiles();
-        DeleteAndNull(m_fileManager);
-    }
-    DeleteAndNull(m_window);
+    m_fileManager.reset();
+    m_window.reset();
 }
 
 OrvGameAsset* OrvApplication::CreateRoot(const char* name)
@@ -287,7 +260,7 @@ void OrvApplication::RenderWorld()
         m_gameAssetManager->MonitorCleanUp();
     if (m_worldCamera != nullptr)
         m_worldCamera->ActivatePerspective();
-    BatchingPass pass(m_renderer);
+    BatchingPass pass(m_renderer.get());
     OnRenderWorld();
     pass.Flush();
     if (m_worldRoot != nullptr)
@@ -309,7 +282,7 @@ void OrvApplication::RenderHUD()
     if (m_hudRoot != nullptr && m_renderer != nullptr)
         m_hudRoot->SetPosition(OrvVector3D(static_cast<float>(m_renderer->GetViewportWidth()) * 0.5f,
                                            static_cast<float>(m_renderer->GetViewportHeight()) * 0.5f, 0.0f));
-    BatchingPass pass(m_renderer);
+    BatchingPass pass(m_renderer.get());
     OnRenderHUD();
     pass.Flush();
     if (m_hudRoot != nullptr)

@@ -142,6 +142,27 @@ TEST(OrvApplication, RunsInitialiseTurnsAndTermInOrder)
     EXPECT_FALSE(game.IsRunning());
 }
 
+TEST(OrvApplication, ASecondRunStartsAfreshAndTermLeavesNothingDangling)
+{
+    GameDir dir;
+    RecordingGame game;
+    game.Run();
+    ASSERT_NE(nullptr, game.GetMaterialShelf()) << "the shelf outlives Term";
+    EXPECT_EQ(nullptr, game.GetMaterialShelf()->GetRenderer()) << "and lets go of the renderer Term deleted";
+
+    game.calls.clear();
+    game.steps.clear();
+    game.Run();
+    EXPECT_EQ(3u, game.steps.size()) << "a second Run plays again";
+    EXPECT_EQ("OnTerminate", game.calls.back());
+
+    game.Initialise(32, 32);
+    EXPECT_EQ(1, game.GetWorldRoot()->GetID()) << "with a fresh game asset manager";
+    const Thrown again([&] { game.Initialise(32, 32); });
+    EXPECT_EQ("You tried to initialise an application that is already running", again.message);
+    game.Term();
+}
+
 TEST(OrvApplication, AnExceptionInAHookLeavesRunWithoutTerm)
 {
     GameDir dir;
@@ -273,14 +294,27 @@ private:
 };
 }  // namespace
 
+// The size of the display the tests run on, as the window will find it.
+std::string DesktopSize()
+{
+    if (SDL_Init(SDL_INIT_VIDEO) != 0)
+        return "no display";
+    const SDL_VideoInfo* info = SDL_GetVideoInfo();
+    const std::string size =
+        info != nullptr ? std::to_string(info->current_w) + "x" + std::to_string(info->current_h) : "unknown";
+    SDL_Quit();
+    return size;
+}
+
 TEST(OrvApplication, RenderingManagersAreMadeAndReleasedInOrder)
 {
     OrvGameFolder folder;
+    const std::string desktop = DesktopSize();
     StartUpProbe game;
     game.Run();
     const std::vector<std::string> expected = {
         "media paths: window yes, files yes, renderer no",
-        "initialise: set up yes, viewport 1280x1024, textures yes, shelf yes",
+        "initialise: set up yes, viewport " + desktop + ", textures yes, shelf yes",
         "terminate: renderer yes, window yes",
     };
     EXPECT_EQ(expected, game.seen) << "the renderer is set up to the size the window took";
