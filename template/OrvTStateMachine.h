@@ -1,16 +1,21 @@
 #ifndef ORV_T_STATE_MACHINE_H
 #define ORV_T_STATE_MACHINE_H
 
+#include "OrvException.h"
 #include "OrvTArray.h"
 #include "OrvTState.h"
 
 // Runs a behaviour as a sequence of states, plus an optional global state that
 // runs every frame before the current one. A requested change happens at the
-// next Update. On each change the state two steps back is destroyed, unless it
-// is the one being entered, so a game can switch back to the previous state.
+// next Update. On each change the state two steps back is destroyed (and
+// taken off the list when registered), unless it is the one being entered,
+// so a game can switch back to the previous state.
 //
-// The machine owns every state handed to it (registered, requested or made
-// global) and destroys those still alive with itself.
+// The machine owns the states registered with it and destroys them with
+// itself. A global state, and a current or requested state that was never
+// registered, belong to the game: a global state may serve several machines.
+// A state two steps back that is also the global or the current state is
+// still in use and is not destroyed.
 template <class T>
 class OrvTStateMachine
 {
@@ -19,22 +24,16 @@ public:
     OrvTStateMachine(const OrvTStateMachine&) = delete;
     OrvTStateMachine& operator=(const OrvTStateMachine&) = delete;
 
-    virtual ~OrvTStateMachine()
-    {
-        OrvTState<T>* loose[4] = {m_current, m_global, m_previous, m_next};
-        for (int i = 0; i < 4; ++i)
-        {
-            bool seen = loose[i] == nullptr || m_states.Find(loose[i]) >= 0;
-            for (int j = 0; j < i && !seen; ++j)
-                seen = loose[j] == loose[i];
-            if (!seen)
-                delete loose[i];
-        }
-        m_states.DeleteAll();
-    }
+    virtual ~OrvTStateMachine() { m_states.DeleteAll(); }
 
-    // Hands a state to the machine (once).
-    void RegisterState(OrvTState<T>* state) { m_states.Add(state, true); }
+    // Hands a state to the machine (once). Should the list not grow, the
+    // state is destroyed and OrvException thrown.
+    void RegisterState(OrvTState<T>* state)
+    {
+        if (state == nullptr || m_states.Find(state) >= 0)
+            return;
+        ORV_ADD_OWNED(m_states, state, OrvException, "Not enough memory for another state", "template/OrvTStateMachine");
+    }
     // The change happens at the next Update.
     void RequestState(OrvTState<T>* state) { m_next = state; }
     void SetGlobalState(OrvTState<T>* state) { m_global = state; }

@@ -7,7 +7,24 @@
 Creature::Creature() = default;
 
 // The behaviours leave the combiner as they go; the state machine deletes its states.
-Creature::~Creature() = default;
+Creature::~Creature()
+{
+    // The machine destroys only the states registered with it: the current,
+    // previous and requested states are the creature's.
+    OrvTStateMachine<OrvGameAsset>* machine = GetStateMachine();
+    if (machine == nullptr)
+        return;
+    OrvTState<OrvGameAsset>* states[3] = {machine->GetCurrentState(), machine->GetPreviousState(),
+                                          machine->GetNextState()};
+    for (int i = 0; i < 3; ++i)
+    {
+        bool seen = false;
+        for (int j = 0; j < i; ++j)
+            seen = seen || states[j] == states[i];
+        if (!seen)
+            delete states[i];
+    }
+}
 
 void Creature::Setup(Kind kind, Hero* hero)
 {

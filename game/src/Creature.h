@@ -47,9 +47,10 @@ public:
         ESCAPING,
         RECOVERING
     };
-    // Asks its state machine for a new state of that mode (the machine owns
-    // it, and destroys the state two changes back); a change asked for
-    // earlier in the turn is dropped.
+    // Asks its state machine for a new state of that mode; a change asked for
+    // earlier in the turn is dropped. The states are the creature's own (it
+    // never registers them): the machine destroys the state two changes back,
+    // the creature those still in use when it goes.
     void Become(Mode mode);
     Mode GetMode() const { return m_mode; }
 

@@ -65,6 +65,8 @@ protected:
         return game.GetGameAssetManager()->CreateGameAsset<OrvGameAsset, OrvGameAssetDesc>(&desc);
     }
     std::vector<std::string> log;
+    // Counts live states; a member, for states die as late as TearDown.
+    int alive = 0;
 };
 }  // namespace
 
@@ -72,7 +74,6 @@ TEST_F(OrvStateMessageTest, TheStateTwoStepsBackIsDestroyedUnlessItReturns)
 {
     OrvGameAsset* asset = Make();
     OrvTStateMachine<OrvGameAsset>* machine = asset->GetStateMachine();
-    int alive = 0;
     Logged* s1 = new Logged(asset, "S1", log, &alive);
     Logged* s2 = new Logged(asset, "S2", log, &alive);
     Logged* s3 = new Logged(asset, "S3", log, &alive);
@@ -98,6 +99,32 @@ TEST_F(OrvStateMessageTest, TheStateTwoStepsBackIsDestroyedUnlessItReturns)
     EXPECT_EQ((std::vector<std::string>{"S1:enter", "S1:execute", "S1:exit", "S2:enter", "S2:execute", "S2:exit",
                                         "S1:enter", "S1:execute", "S1:exit", "S3:enter", "S3:execute"}),
               log);
+}
+
+TEST_F(OrvStateMessageTest, MachinesOwnTheirRegisteredStatesAndTheGameTheRest)
+{
+    // One global state serves two assets; the first asset's death leaves it.
+    OrvGameAsset* first = Make();
+    OrvGameAsset* second = Make();
+    Logged shared(first, "G", log, &alive);
+    first->GetStateMachine()->SetGlobalState(&shared);
+    second->GetStateMachine()->SetGlobalState(&shared);
+    Logged* registered = new Logged(first, "R", log, &alive);
+    first->GetStateMachine()->RegisterState(registered);
+    Logged current(first, "C", log, &alive);
+    Logged requested(first, "N", log, &alive);
+    first->GetStateMachine()->RequestState(&current);
+    first->Update(0.1f);
+    first->GetStateMachine()->RequestState(&requested);
+    EXPECT_EQ(4, alive);
+
+    first->DeleteThisGameAsset();
+    game.GetGameAssetManager()->CleanUp();
+    EXPECT_EQ(3, alive) << "only the registered state went with its machine";
+    log.clear();
+    second->Update(0.1f);
+    EXPECT_EQ((std::vector<std::string>{"G:execute"}), log) << "the shared global state still serves";
+    second->GetStateMachine()->SetGlobalState(nullptr);
 }
 
 TEST_F(OrvStateMessageTest, TheGlobalStateRunsFirstAndItsRequestsActAtOnce)
