@@ -9,6 +9,10 @@ class OrvSpriteAnimationFrame;
 // A named sequence of frames (owned) shown one frame duration each, once or
 // in a loop. While it has users, the sprites of its frames have one user per
 // frame showing them.
+//
+// A frame duration that is not a positive, finite number of seconds (a
+// "Speed" of 0 in an animations file gives an infinite one) makes a paused
+// animation: it shows its first frame and never ends.
 class OrvSpriteAnimation
 {
 public:
@@ -30,6 +34,8 @@ public:
     void SetSpeed(float speed) { m_speed = speed; }
     // The duration of one frame, in seconds.
     float GetSpeed() const { return m_speed; }
+    // The frame duration is not a positive, finite number.
+    bool IsPaused() const { return !(m_speed > 0.0f && m_speed <= 3.4e38f); }
     bool GetLoop() const { return m_loop; }
 
     void AddUser();

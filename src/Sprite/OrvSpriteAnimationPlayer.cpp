@@ -89,7 +89,8 @@ void OrvSpriteAnimationPlayer::SetNextSpriteAnimation(OrvSpriteAnimation* animat
 
 void OrvSpriteAnimationPlayer::AddTime(float seconds)
 {
-    if (m_current == nullptr || m_current->GetFrameCount() == 0 || !m_playing)
+    // A paused animation stays on its first frame and never ends.
+    if (m_current == nullptr || m_current->GetFrameCount() == 0 || !m_playing || m_current->IsPaused())
         return;
     const float time = m_time + seconds;
     const float duration = m_current->GetSpeed() * static_cast<float>(m_current->GetFrameCount());
@@ -143,7 +144,8 @@ void OrvSpriteAnimationPlayer::SetCurrentFrame(unsigned int index)
 {
     if (m_current == nullptr)
         return;
-    m_time = index < m_current->GetFrameCount() ? m_current->GetSpeed() * static_cast<float>(index) : 0.0f;
+    const bool shown = index < m_current->GetFrameCount() && !m_current->IsPaused();
+    m_time = shown ? m_current->GetSpeed() * static_cast<float>(index) : 0.0f;
 }
 
 void OrvSpriteAnimationPlayer::Add(Callbacks& list, const OrvUnicode& name, Callback callback, void* userData)

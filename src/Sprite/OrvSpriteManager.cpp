@@ -1,7 +1,10 @@
 #include "OrvSpriteManager.h"
 
-#include <map>
+#include <new>
 #include <string>
+#include <unordered_set>
+#include <utility>
+#include <vector>
 
 #include "OrvAnimationFileCurruptedException.h"
 #include "OrvApplication.h"
@@ -35,6 +38,21 @@ void RequireInFile(bool condition, const char* message)
         ORV_THROW(OrvAnimationFileCurruptedException, message, kSource);
 }
 
+// Runs an import: memory it cannot get refuses the file with the importer's
+// own exception instead of ending the game with std::bad_alloc.
+template <class Exception, class Work>
+auto Importing(const char* what, Work work) -> decltype(work())
+{
+    try
+    {
+        return work();
+    }
+    catch (const std::bad_alloc&)
+    {
+        ORV_THROW(Exception, what, kSource);
+    }
+}
+
 bool Named(const OrvXMLElement& element, const char* name)
 {
     return element.GetName() == name;
@@ -58,7 +76,7 @@ OrvSprite* OrvSpriteManager::CreateSprite(const OrvSpriteDesc& desc)
 {
     OrvSprite* sprite = new OrvSprite();
     sprite->Create(desc);
-    m_sprites.Add(sprite, false);
+    ORV_ADD_OWNED(m_sprites, sprite, OrvInvalidSpriteException, "Not enough memory for another sprite", kSource);
     return sprite;
 }
 
@@ -98,17 +116,19 @@ OrvTexture* OrvSpriteManager::TextureFrom(OrvTGAImageFile* image) const
 
 void OrvSpriteManager::ImportSpriteSet(const OrvUnicode& setName)
 {
-    const OrvXMLElement* root = Document("SpriteSets.xml");
-    Require(root != nullptr && Named(*root, "SpriteSets"),
-            "Invalid node while importing sprite set, should be SpriteSets");
-    for (unsigned int i = 0; i < root->GetChildCount(); ++i)
-    {
-        const OrvXMLElement& set = *root->GetChild(i);
-        Require(Named(set, "SpriteSet"), "Invalid node while importing sprite, should be SpriteSet");
-        Require(Named(*set.GetChild(0), "Name"), "Invalid node while importing sprite, should be Name");
-        if (set.GetChild(0)->GetContent() == setName)
-            ImportSet(set);
-    }
+    return Importing<OrvImportSpriteSetException>("Not enough memory to import the sprite set", [&] {
+        const OrvXMLElement* root = Document("SpriteSets.xml");
+        Require(root != nullptr && Named(*root, "SpriteSets"),
+                "Invalid node while importing sprite set, should be SpriteSets");
+        for (unsigned int i = 0; i < root->GetChildCount(); ++i)
+        {
+            const OrvXMLElement& set = *root->GetChild(i);
+            Require(Named(set, "SpriteSet"), "Invalid node while importing sprite, should be SpriteSet");
+            Require(Named(*set.GetChild(0), "Name"), "Invalid node while importing sprite, should be Name");
+            if (set.GetChild(0)->GetContent() == setName)
+                ImportSet(set);
+        }
+    });
 }
 
 void OrvSpriteManager::ImportSet(const OrvXMLElement& set)
@@ -137,75 +157,81 @@ void OrvSpriteManager::ImportSet(const OrvXMLElement& set)
 
 OrvSprite* OrvSpriteManager::ImportSprite(const OrvUnicode& spriteName)
 {
-    if (OrvSprite* held = GetSprite(spriteName))
-        return held;
-    const OrvXMLElement* root = Document("SpriteSets.xml");
-    Require(root != nullptr && Named(*root, "SpriteSets"), "Invalid node while importing sprite, should be SpriteSets");
-    for (unsigned int i = 0; i < root->GetChildCount(); ++i)
-    {
-        const OrvXMLElement& set = *root->GetChild(i);
-        Require(Named(set, "SpriteSet"), "Invalid node while importing sprite, should be SpriteSet");
-        Require(Named(*set.GetChild(0), "Name"), "Invalid node while importing sprite, should be Name");
-        for (unsigned int j = 1; j < set.GetChildCount(); ++j)
+    return Importing<OrvImportSpriteSetException>("Not enough memory to import the sprite", [&] {
+        if (OrvSprite* held = GetSprite(spriteName))
+            return held;
+        const OrvXMLElement* root = Document("SpriteSets.xml");
+        Require(root != nullptr && Named(*root, "SpriteSets"), "Invalid node while importing sprite, should be SpriteSets");
+        for (unsigned int i = 0; i < root->GetChildCount(); ++i)
         {
-            const OrvXMLElement& sprite = *set.GetChild(j);
-            Require(Named(*sprite.GetChild(0), "Name"), "Invalid node while importing sprite, should be Name");
-            if (sprite.GetChild(0)->GetContent() == spriteName)
+            const OrvXMLElement& set = *root->GetChild(i);
+            Require(Named(set, "SpriteSet"), "Invalid node while importing sprite, should be SpriteSet");
+            Require(Named(*set.GetChild(0), "Name"), "Invalid node while importing sprite, should be Name");
+            for (unsigned int j = 1; j < set.GetChildCount(); ++j)
             {
-                ImportSpriteSet(set.GetChild(0)->GetContent());
-                return GetSprite(spriteName);
+                const OrvXMLElement& sprite = *set.GetChild(j);
+                Require(Named(*sprite.GetChild(0), "Name"), "Invalid node while importing sprite, should be Name");
+                if (sprite.GetChild(0)->GetContent() == spriteName)
+                {
+                    ImportSpriteSet(set.GetChild(0)->GetContent());
+                    return GetSprite(spriteName);
+                }
             }
         }
-    }
-    // Listed nowhere: the name is a whole image, which stays registered.
-    OrvTGAImageFile* image = Image(spriteName);
-    if (image == nullptr)
-        ORV_THROW(OrvInvalidSpriteException, "Sprite can't be found in any of the sprite sets !", kSource);
-    OrvSpriteDesc desc;
-    desc.name = spriteName;
-    desc.texture = TextureFrom(image);
-    desc.dimension.Set(static_cast<float>(image->GetWidth()), static_cast<float>(image->GetHeight()));
-    return CreateSprite(desc);
+        // Listed nowhere: the name is a whole image, which stays registered.
+        OrvTGAImageFile* image = Image(spriteName);
+        if (image == nullptr)
+            ORV_THROW(OrvInvalidSpriteException, "Sprite can't be found in any of the sprite sets !", kSource);
+        OrvSpriteDesc desc;
+        desc.name = spriteName;
+        desc.texture = TextureFrom(image);
+        desc.dimension.Set(static_cast<float>(image->GetWidth()), static_cast<float>(image->GetHeight()));
+        return CreateSprite(desc);
+    });
 }
 
 OrvSpriteAnimation* OrvSpriteManager::CreateAnimation(const OrvUnicode& name, float speed, bool loop)
 {
     OrvSpriteAnimation* animation = new OrvSpriteAnimation();
     animation->Create(name, speed, loop);
-    m_animations.Add(animation, false);
+    ORV_ADD_OWNED(m_animations, animation, OrvInvalidAnimationException, "Not enough memory for another animation",
+                  kSource);
     return animation;
 }
 
 OrvSpriteAnimation* OrvSpriteManager::ImportSpriteAnimation(const OrvUnicode& name)
 {
-    if (OrvSpriteAnimation* held = GetSpriteAnimation(name))
-        return held;
-    const OrvXMLElement* root = Document("Animations.xml");
-    for (unsigned int i = 0; root != nullptr && i < root->GetChildCount(); ++i)
-    {
-        const OrvXMLElement& element = *root->GetChild(i);
-        RequireInFile(Named(element, "Animation"), "Invalid node while importing animation, should be 'Animation'");
-        RequireInFile(Named(*element.GetChild(0), "Name"), "Invalid node while importing animation, should be 'Name'");
-        if (element.GetChild(0)->GetContent() == name)
-            return ImportAnimation(name, element);
-    }
-    OrvSprite* sprite = nullptr;
-    try
-    {
-        sprite = ImportSprite(name);
-    }
-    catch (const OrvException&)
-    {
-        sprite = nullptr;
-    }
-    if (sprite == nullptr)
-        ORV_THROW(OrvInvalidAnimationException,
-                  "The requested animation couldn't be found anywhere in the animations file", kSource);
-    OrvSpriteAnimation* animation = new OrvSpriteAnimation();
-    animation->Create(name, 1.0f, true);
-    animation->AddFrame(new OrvSpriteAnimationFrame(sprite, OrvVector2D(), OrvVector2D()));
-    m_animations.Add(animation, false);
-    return animation;
+    return Importing<OrvAnimationFileCurruptedException>("Not enough memory to import the animation", [&] {
+        if (OrvSpriteAnimation* held = GetSpriteAnimation(name))
+            return held;
+        const OrvXMLElement* root = Document("Animations.xml");
+        for (unsigned int i = 0; root != nullptr && i < root->GetChildCount(); ++i)
+        {
+            const OrvXMLElement& element = *root->GetChild(i);
+            RequireInFile(Named(element, "Animation"), "Invalid node while importing animation, should be 'Animation'");
+            RequireInFile(Named(*element.GetChild(0), "Name"), "Invalid node while importing animation, should be 'Name'");
+            if (element.GetChild(0)->GetContent() == name)
+                return ImportAnimation(name, element);
+        }
+        OrvSprite* sprite = nullptr;
+        try
+        {
+            sprite = ImportSprite(name);
+        }
+        catch (const OrvException&)
+        {
+            sprite = nullptr;
+        }
+        if (sprite == nullptr)
+            ORV_THROW(OrvInvalidAnimationException,
+                      "The requested animation couldn't be found anywhere in the animations file", kSource);
+        OrvSpriteAnimation* animation = new OrvSpriteAnimation();
+        animation->Create(name, 1.0f, true);
+        animation->AddFrame(new OrvSpriteAnimationFrame(sprite, OrvVector2D(), OrvVector2D()));
+        ORV_ADD_OWNED(m_animations, animation, OrvInvalidAnimationException, "Not enough memory for another animation",
+                  kSource);
+        return animation;
+    });
 }
 
 OrvSpriteAnimation* OrvSpriteManager::ImportAnimation(const OrvUnicode& name, const OrvXMLElement& element)
@@ -245,7 +271,8 @@ OrvSpriteAnimation* OrvSpriteManager::ImportAnimation(const OrvUnicode& name, co
         delete animation;
         throw;
     }
-    m_animations.Add(animation, false);
+    ORV_ADD_OWNED(m_animations, animation, OrvInvalidAnimationException, "Not enough memory for another animation",
+                  kSource);
     return animation;
 }
 
@@ -253,8 +280,10 @@ void OrvSpriteManager::ReloadTextures()
 {
     // A texture holding a set is reloaded once, from the set's image: the
     // sprites remember only their own names, so the set names come from the
-    // document again.
-    std::map<OrvTexture*, OrvUnicode> images;
+    // document again. Textures are reloaded in the order of the sprites
+    // (first use first), the same from run to run.
+    std::vector<std::pair<OrvTexture*, OrvUnicode>> images;
+    std::unordered_set<const OrvTexture*> seen;
     const OrvXMLElement* root = nullptr;
     try
     {
@@ -267,7 +296,7 @@ void OrvSpriteManager::ReloadTextures()
     for (unsigned int i = 0; i < m_sprites.GetSize(); ++i)
     {
         OrvSprite* sprite = m_sprites[i];
-        if (sprite->GetTexture() == nullptr || images.count(sprite->GetTexture()) != 0)
+        if (sprite->GetTexture() == nullptr || !seen.insert(sprite->GetTexture()).second)
             continue;
         OrvUnicode imageName = sprite->GetName();
         for (unsigned int s = 0; root != nullptr && s < root->GetChildCount(); ++s)
@@ -277,7 +306,7 @@ void OrvSpriteManager::ReloadTextures()
                 if (set->GetChild(j)->GetChildCount() > 0 && set->GetChild(j)->GetChild(0)->GetContent() == sprite->GetName())
                     imageName = set->GetChild(0)->GetContent();
         }
-        images[sprite->GetTexture()] = imageName;
+        images.emplace_back(sprite->GetTexture(), imageName);
     }
     for (const auto& entry : images)
     {

@@ -123,3 +123,25 @@ TEST_F(OrvPlayerTest, LoopsRestartAndNextAnimationsTakeOver)
     }
     EXPECT_EQ(1, walk.GetUserCount());
 }
+
+TEST_F(OrvPlayerTest, AnAnimationWithoutAFiniteFrameDurationIsPaused)
+{
+    // "Speed" 0 in an animations file stores 1 / 0; a zero or negative
+    // duration set by the game pauses too.
+    for (float duration : {1.0f / 0.0f, 0.0f, -0.25f})
+    {
+        walk.SetSpeed(duration);
+        EXPECT_TRUE(walk.IsPaused()) << duration;
+        OrvSpriteAnimationPlayer player;
+        player.AddAnimationEndedCallback("walk", &Log::Ended, &log);
+        player.AddAnimationFrameStartedCallback("walk", &Log::Started, &log);
+        player.SetSpriteAnimation(&walk, false, false);
+        player.SetCurrentFrame(2);
+        for (int i = 0; i < 3; ++i)
+            player.AddTime(1000.0f);
+        EXPECT_EQ(0u, player.GetCurrentFrameIndex()) << duration;
+        EXPECT_TRUE(log.entries.empty()) << duration << ": " << log.entries.front();
+    }
+    walk.SetSpeed(0.25f);
+    EXPECT_FALSE(walk.IsPaused());
+}

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "OrvFileManager.h"
+#include "OrvOpenGLTexture.h"
 #include "OrvSprite.h"
 #include "OrvSpriteAnimation.h"
 #include "OrvSpriteAnimationFrame.h"
@@ -112,6 +115,15 @@ TEST_F(OrvSpriteTest, BrokenSetsAreRefused)
         sprites->ImportSprite("x");
     });
     EXPECT_EQ("Orv Array Exception", childless.name);
+
+    // A set named by a zero character must not open the media path itself.
+    const Thrown zeroNamed([&] {
+        files->DeleteAllFiles();
+        WriteSets(std::string("<SpriteSet><Name>") + '\0' + "</Name>" + Sprite("x", "0", "0", "1", "1") +
+                  "</SpriteSet>");
+        sprites->ImportSprite("x");
+    });
+    EXPECT_EQ("Orv File Exception", zeroNamed.name) << zeroNamed.message;
 }
 
 TEST_F(OrvSpriteTest, AnimationsComeFromTheirFileOrFromASprite)
@@ -165,3 +177,25 @@ TEST_F(OrvSpriteTest, AnimationsComeFromTheirFileOrFromASprite)
     EXPECT_EQ("The requested animation couldn't be found anywhere in the animations file",
               Thrown([&] { sprites->ImportSpriteAnimation("nowhere"); }).message);
 }
+
+TEST_F(OrvSpriteTest, TexturesReloadInTheOrderOfTheirSprites)
+{
+    WriteSets(kSets + "<SpriteSet><Name>Empty</Name>" + Sprite("dot", "0", "0", "1", "1") + "</SpriteSet>");
+    // The second set's texture takes a block freed after the first one's was
+    // made, lower in memory: heap addresses come in no particular order.
+    std::vector<std::unique_ptr<char[]>> holes;
+    for (int i = 0; i < 256; ++i)
+        holes.emplace_back(new char[sizeof(OrvOpenGLTexture)]);
+    sprites->ImportSpriteSet("Heroes");
+    holes.clear();
+    sprites->ImportSpriteSet("Empty");
+    static std::vector<const OrvTexture*> reloaded;
+    reloaded.clear();
+    OrvTexture::SetFromImageCallback([](OrvTexture* texture) { reloaded.push_back(texture); });
+    sprites->ReloadTextures();
+    OrvTexture::SetFromImageCallback(nullptr);
+    const std::vector<const OrvTexture*> expected = {sprites->GetSprite("run0")->GetTexture(),
+                                                     sprites->GetSprite("dot")->GetTexture()};
+    EXPECT_EQ(expected, reloaded) << "first used first, each once";
+}
+
