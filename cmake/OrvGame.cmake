@@ -7,6 +7,10 @@ set(ORV_GAME_FLAGS "")
 if(ORV_SANITIZE)
   set(ORV_GAME_FLAGS "-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer")
 endif()
+set(ORV_GAME_CXX_FLAGS "${ORV_GAME_FLAGS}")
+if(ORV_WERROR)
+  string(APPEND ORV_GAME_CXX_FLAGS " -Werror")
+endif()
 
 ExternalProject_Add(Tarnwick
   SOURCE_DIR ${PROJECT_SOURCE_DIR}/game
@@ -15,7 +19,7 @@ ExternalProject_Add(Tarnwick
     -DOrvEngine_DIR=${PROJECT_BINARY_DIR}
     -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE}
     -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER}
-    "-DCMAKE_CXX_FLAGS=${ORV_GAME_FLAGS}"
+    "-DCMAKE_CXX_FLAGS=${ORV_GAME_CXX_FLAGS}"
     "-DCMAKE_EXE_LINKER_FLAGS=${ORV_GAME_FLAGS}"
     -DTARNWICK_FONT_FILE=${ORV_FONT_FILE}
   BUILD_ALWAYS ON

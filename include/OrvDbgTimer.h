@@ -7,7 +7,7 @@
 class OrvDbgTimer
 {
 public:
-    enum CREATE_OPTION
+    enum CREATE_OPTION : int
     {
         CREATE_STOPPED = 0,
         CREATE_STARTED = 1

@@ -12,7 +12,7 @@
 
 class OrvFileManager;
 
-enum OrvFileAcces
+enum OrvFileAcces : int
 {
     FILE_READ = 0,  // "rb"
     FILE_WRITE = 1  // "wb"
@@ -25,7 +25,7 @@ enum OrvFileAcces
 class OrvFile
 {
 public:
-    enum SAVE_OPTION
+    enum SAVE_OPTION : int
     {
         SAVE_DEFAULT = 0,
         SAVE_COMPRESSED = 1

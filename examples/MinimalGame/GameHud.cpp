@@ -39,7 +39,7 @@ std::string Narrow(const OrvUnicode& text)
 }
 }  // namespace
 
-GameHud::GameHud(OrvApplication* game, OrvFont* font, HudActions* actions) : m_game(game), m_actions(actions)
+GameHud::GameHud(OrvApplication* game, OrvFont* font, HudActions* actions) : m_actions(actions)
 {
     // The pointer first: it has moved by the time the other widgets look at a motion.
     OrvCursorDesc pointer;

@@ -43,7 +43,6 @@ public:
 private:
     static void Clicked(OrvWidget* button, OrvCursor* cursor, void* hud);
 
-    OrvApplication* m_game;
     HudActions* m_actions;
     OrvCursor* m_cursor;
     OrvMenu* m_menu;
