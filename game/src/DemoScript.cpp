@@ -10,8 +10,17 @@
 
 void DemoScript::BeforeTurn(unsigned int turn)
 {
+    // Space is only heard at the table; a round that ended late (not in the
+    // demo's fixed time) makes the pass wait for it.
+    if (turn - m_passStart >= kPassTurns && m_game->IsShowingScores())
+    {
+        Type(SDLK_SPACE, ' ');
+        m_passStart = turn;
+        m_roundOver = 0;
+        return;
+    }
     if (!m_game->IsRoundOver())
-        Play(turn);
+        Play(turn - m_passStart);
     else
     {
         if (m_roundOver == 0)

@@ -1,8 +1,10 @@
 #include "TarnwickGame.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 
 #include "Creature.h"
 #include "DemoScript.h"
@@ -54,9 +56,50 @@ std::string BoxText(const float box[4])
 }
 }  // namespace
 
+void TurnTimes::Add(double seconds)
+{
+    const double steps = seconds > kShortest ? std::log(seconds / kShortest) / std::log(kGrowth) : 0.0;
+    ++m_bins[std::min(static_cast<unsigned int>(steps), kBins - 1)];
+    ++m_count;
+    m_total += seconds;
+    m_longest = std::max(m_longest, seconds);
+}
+
+double TurnTimes::Quantile(double share) const
+{
+    // As the sorted times' element count * share: the bin that holds it, read at its middle.
+    const double rank = std::floor(m_count * share);
+    double below = 0.0;
+    for (unsigned int bin = 0; bin < kBins; ++bin)
+    {
+        below += m_bins[bin];
+        if (below > rank)
+            return std::min(kShortest * std::pow(kGrowth, bin + 0.5), m_longest);
+    }
+    return m_longest;
+}
+
 TarnwickGame::TarnwickGame(const GameOptions& options) : m_options(options) {}
 
 TarnwickGame::~TarnwickGame() = default;
+
+long TarnwickGame::MemoryStatusKB(const char* field)
+{
+    FILE* status = std::fopen("/proc/self/status", "r");
+    if (status == nullptr)
+        return 0;
+    const std::string prefix = std::string(field) + ":";
+    char line[256];
+    long kB = 0;
+    while (std::fgets(line, sizeof(line), status) != nullptr)
+        if (std::strncmp(line, prefix.c_str(), prefix.size()) == 0)
+        {
+            kB = std::strtol(line + prefix.size(), nullptr, 10);
+            break;
+        }
+    std::fclose(status);
+    return kB;
+}
 
 void TarnwickGame::OnInitialise()
 {
@@ -115,6 +158,9 @@ void TarnwickGame::MakeDevices()
 
 void TarnwickGame::OnTerminate()
 {
+    // The last turn's line, taken before anything is released.
+    if (m_loggedTurn != m_turns)
+        LogMemory();
     if (m_options.demo)
         WriteReport();
     m_script.reset();
@@ -140,6 +186,7 @@ void TarnwickGame::PlayEffect(const char* name, float gain)
 
 void TarnwickGame::StartRound()
 {
+    ++m_rounds;
     ClearField();
     m_score = 0;
     m_hero->SetPosition(OrvVector3D(0, 0, 20));
@@ -258,7 +305,7 @@ void TarnwickGame::Update(float seconds)
 {
     const double start = Now();
     if (m_lastTurnStart >= 0.0)
-        m_turnTimes.push_back(start - m_lastTurnStart);
+        m_turnTimes.Add(start - m_lastTurnStart);
     m_lastTurnStart = start;
     if (m_script)
         m_script->BeforeTurn(m_turns);
@@ -270,8 +317,20 @@ void TarnwickGame::Update(float seconds)
     if (m_debug)
         FollowWithDebugMarkers();
     ++m_turns;
+    if (m_turns % kMemoryLogTurns == 0)
+        LogMemory();
     if (m_options.frames != 0 && m_turns >= m_options.frames)
         Exit();
+}
+
+void TarnwickGame::LogMemory()
+{
+    if (m_options.memoryLog == nullptr)
+        return;
+    std::fprintf(m_options.memoryLog, "%u %ld\n", m_turns, MemoryStatusKB("VmRSS"));
+    // Flushed at once: a run that dies still leaves its curve.
+    std::fflush(m_options.memoryLog);
+    m_loggedTurn = m_turns;
 }
 
 void TarnwickGame::ReadSteering()
@@ -479,7 +538,12 @@ void TarnwickGame::TakeScreenshot()
         shot.scoreBox[i] = scoreBox[i];
         shot.heroBox[i] = heroBox[i];
     }
-    m_shots.push_back(shot);
+    // A demo that plays its script again writes the same files again: the report keeps the latest.
+    auto same = std::find_if(m_shots.begin(), m_shots.end(), [&](const Shot& kept) { return kept.file == shot.file; });
+    if (same != m_shots.end())
+        *same = shot;
+    else
+        m_shots.push_back(shot);
     m_screenshot.clear();
 }
 
@@ -492,6 +556,7 @@ void TarnwickGame::WriteReport() const
     root->SetName("DemoReport");
     root->AddChild(new OrvXMLElement("Turns", std::to_string(m_turns).c_str()));
     root->AddChild(new OrvXMLElement("Score", std::to_string(m_score).c_str()));
+    root->AddChild(new OrvXMLElement("Rounds", std::to_string(m_rounds).c_str()));
     root->AddChild(new OrvXMLElement("Name", m_lastName.c_str()));
     root->AddChild(new OrvXMLElement("SoundDevice", GetSoundManager()->HasDevice() ? "1" : "0"));
     root->AddChild(new OrvXMLElement("SoundsPlayed", std::to_string(m_soundsPlayed).c_str()));

@@ -1,6 +1,7 @@
 #ifndef TARNWICK_GAME_H
 #define TARNWICK_GAME_H
 
+#include <cstdio>
 #include <memory>
 #include <string>
 #include <vector>
@@ -31,6 +32,32 @@ struct GameOptions
     // Where the high scores, the screenshots and the demo's report go.
     std::string saveDir = ".";
     float roundSeconds = 45.0f;
+    // Receives "turn rss_kB" every kMemoryLogTurns turns and at the last; not owned.
+    std::FILE* memoryLog = nullptr;
+};
+
+// The real time of each turn, counted in bins half a per cent wide (from a
+// microsecond to minutes): a game that runs for hours keeps its frame-time
+// statistics in the same few kilobytes as a game of a minute.
+class TurnTimes
+{
+public:
+    void Add(double seconds);
+    unsigned int Count() const { return m_count; }
+    double Total() const { return m_total; }
+    double Longest() const { return m_longest; }
+    // The time that a fraction `share` of the turns took at most, within half a per cent.
+    double Quantile(double share) const;
+
+private:
+    static constexpr double kShortest = 1e-6;
+    static constexpr double kGrowth = 1.005;
+    static constexpr unsigned int kBins = 4000;
+
+    std::vector<unsigned int> m_bins = std::vector<unsigned int>(kBins, 0u);
+    unsigned int m_count = 0;
+    double m_total = 0.0;
+    double m_longest = 0.0;
 };
 
 // The Tarnwick: gather gems and catch skitters before the round ends, and
@@ -39,15 +66,22 @@ struct GameOptions
 class TarnwickGame : public OrvApplication, public HudActions
 {
 public:
+    static constexpr unsigned int kMemoryLogTurns = 1000;
+
     explicit TarnwickGame(const GameOptions& options);
     ~TarnwickGame() override;
 
+    // A "Vm..." line of /proc/self/status ("VmRSS", "VmHWM"), in kB; 0 where Linux does not say.
+    static long MemoryStatusKB(const char* field);
+
     int GetScore() const { return m_score; }
     unsigned int GetTurns() const { return m_turns; }
-    // Real seconds each turn took, first to last.
-    const std::vector<double>& GetTurnTimes() const { return m_turnTimes; }
+    // Real seconds the turns took.
+    const TurnTimes& GetTurnTimes() const { return m_turnTimes; }
     const std::string& GetLastName() const { return m_lastName; }
     bool IsRoundOver() const { return m_state != PLAYING && m_state != PAUSED; }
+    // The name is kept and the table shows: Space starts another round.
+    bool IsShowingScores() const { return m_state == SCORES; }
     Hud* GetHud() const { return m_hud.get(); }
     Hero* GetHero() const { return m_hero; }
     // Where a point of the plane z = 0 appears in the window (pixels from the top-left corner).
@@ -93,6 +127,7 @@ private:
     void StartMusic();
     void TakeScreenshot();
     void WriteReport() const;
+    void LogMemory();
     std::string SavePath(const std::string& name) const { return m_options.saveDir + "/" + name; }
     OrvVector3D RandomSpot() const;
 
@@ -106,7 +141,11 @@ private:
     State m_state = PLAYING;
     int m_score = 0;
     unsigned int m_turns = 0;
-    std::vector<double> m_turnTimes;
+    // Rounds begun, the first included.
+    unsigned int m_rounds = 0;
+    // The turn of the memory log's last line.
+    unsigned int m_loggedTurn = ~0u;
+    TurnTimes m_turnTimes;
     double m_lastTurnStart = -1.0;
     bool m_soundOn = true;
     unsigned int m_soundsPlayed = 0;

@@ -1,17 +1,23 @@
 // The Tarnwick, the engine's sample game.
 //
-//   Tarnwick [--demo] [--frames N] [--round SECONDS] [--save FOLDER]
+//   Tarnwick [--demo] [--frames N] [--round SECONDS] [--save FOLDER] [--memory-log FILE]
 //
 // Run it from its build folder (it reads MediaPaths.xml and Tarnwick.vbf
 // there). ORV_WINDOWED=1 opens a window instead of the full screen. --demo
 // plays itself through SDL, one sixtieth of a second a turn, saves PNG
-// screenshots and a report in the save folder, and prints the frame times.
-#include <algorithm>
+// screenshots and a report in the save folder, and prints the frame times;
+// given more than its 520 turns it plays its script again, round after round.
+// --memory-log writes "turn rss_kB" every 1,000 turns and at the last.
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <exception>
-#include <numeric>
+#include <limits>
 #include <string>
 
 #include "OrvException.h"
@@ -19,55 +25,88 @@
 
 namespace
 {
-// The most memory the process held at once (VmHWM), in kB; 0 where Linux does not say.
-long PeakMemoryKB()
+// A whole positive number of turns; anything else (signs, fractions, trailing text, overflow) is refused.
+bool ParseTurns(const char* text, unsigned int& turns)
 {
-    FILE* status = std::fopen("/proc/self/status", "r");
-    if (status == nullptr)
-        return 0;
-    char line[256];
-    long peak = 0;
-    while (std::fgets(line, sizeof(line), status) != nullptr)
-        if (std::sscanf(line, "VmHWM: %ld", &peak) == 1)
-            break;
-    std::fclose(status);
-    return peak;
+    if (text[0] < '0' || text[0] > '9')
+        return false;
+    errno = 0;
+    char* end = nullptr;
+    const unsigned long value = std::strtoul(text, &end, 10);
+    if (errno != 0 || *end != '\0' || value == 0 || value > std::numeric_limits<unsigned int>::max())
+        return false;
+    turns = static_cast<unsigned int>(value);
+    return true;
+}
+
+// A finite positive number of seconds.
+bool ParseSeconds(const char* text, float& seconds)
+{
+    errno = 0;
+    char* end = nullptr;
+    const double value = std::strtod(text, &end);
+    if (end == text || *end != '\0' || errno != 0 || !std::isfinite(value) || value <= 0.0 ||
+        value > std::numeric_limits<float>::max())
+        return false;
+    seconds = static_cast<float>(value);
+    return true;
 }
 
 void PrintFrameTimes(const TarnwickGame& game)
 {
-    std::vector<double> times = game.GetTurnTimes();
-    if (times.empty())
+    const TurnTimes& times = game.GetTurnTimes();
+    if (times.Count() == 0)
         return;
-    const double total = std::accumulate(times.begin(), times.end(), 0.0);
-    std::sort(times.begin(), times.end());
+    const double total = times.Total();
     std::printf("Tarnwick: %u turns in %.2f s: %.1f frames a second; frame time mean %.2f ms, median %.2f ms, "
                 "95th percentile %.2f ms, longest %.2f ms\n",
-                game.GetTurns(), total, static_cast<double>(times.size()) / total, 1000.0 * total / times.size(),
-                1000.0 * times[times.size() / 2], 1000.0 * times[times.size() * 95 / 100], 1000.0 * times.back());
+                game.GetTurns(), total, times.Count() / total, 1000.0 * total / times.Count(),
+                1000.0 * times.Quantile(0.5), 1000.0 * times.Quantile(0.95), 1000.0 * times.Longest());
 }
 }  // namespace
 
 int main(int argc, char** argv)
 {
     GameOptions options;
-    for (int i = 1; i < argc; ++i)
+    const char* memoryLogPath = nullptr;
+    bool usable = true;
+    for (int i = 1; i < argc && usable; ++i)
     {
-        const bool hasValue = i + 1 < argc;
+        const bool hasValue = i + 1 < argc && argv[i + 1][0] != '\0';
         if (std::strcmp(argv[i], "--demo") == 0)
             options.demo = true;
         else if (std::strcmp(argv[i], "--frames") == 0 && hasValue)
-            options.frames = static_cast<unsigned int>(std::strtoul(argv[++i], nullptr, 10));
+            usable = ParseTurns(argv[++i], options.frames);
         else if (std::strcmp(argv[i], "--round") == 0 && hasValue)
-            options.roundSeconds = static_cast<float>(std::atof(argv[++i]));
+            usable = ParseSeconds(argv[++i], options.roundSeconds);
         else if (std::strcmp(argv[i], "--save") == 0 && hasValue)
-            options.saveDir = argv[++i];
-        else
         {
-            std::fprintf(stderr, "Usage: %s [--demo] [--frames N] [--round SECONDS] [--save FOLDER]\n", argv[0]);
-            return 2;
+            // The scores, screenshots and report go there at the end of a round: a folder the game can write.
+            options.saveDir = argv[++i];
+            struct stat folder;
+            usable = stat(options.saveDir.c_str(), &folder) == 0 && S_ISDIR(folder.st_mode) &&
+                     access(options.saveDir.c_str(), W_OK) == 0;
         }
+        else if (std::strcmp(argv[i], "--memory-log") == 0 && hasValue)
+            memoryLogPath = argv[++i];
+        else
+            usable = false;
     }
+    // Opened before the window: a log that cannot be written is a bad value like any other.
+    FILE* memoryLog = usable && memoryLogPath != nullptr ? std::fopen(memoryLogPath, "w") : nullptr;
+    if (usable && memoryLogPath != nullptr && memoryLog == nullptr)
+    {
+        std::fprintf(stderr, "Tarnwick: %s: %s\n", memoryLogPath, std::strerror(errno));
+        usable = false;
+    }
+    if (!usable)
+    {
+        std::fprintf(stderr,
+                     "Usage: %s [--demo] [--frames N] [--round SECONDS] [--save FOLDER] [--memory-log FILE]\n",
+                     argv[0]);
+        return 2;
+    }
+    options.memoryLog = memoryLog;
     if (options.demo)
     {
         // The demo's round is short and its length fixed: it always plays the same.
@@ -76,6 +115,7 @@ int main(int argc, char** argv)
             options.frames = 520;
     }
     TarnwickGame game(options);
+    int status = 0;
     try
     {
         game.Run();
@@ -83,15 +123,20 @@ int main(int argc, char** argv)
     catch (const OrvException& e)
     {
         std::fprintf(stderr, "Tarnwick: %s: %s (%s:%d)\n", e.name, e.message, e.file, e.line);
-        return 1;
+        status = 1;
     }
     catch (const std::exception& e)
     {
         std::fprintf(stderr, "Tarnwick: %s\n", e.what());
-        return 1;
+        status = 1;
     }
+    if (memoryLog != nullptr)
+        std::fclose(memoryLog);
+    if (status != 0)
+        return status;
     PrintFrameTimes(game);
     std::printf("Tarnwick: last score %d%s%s; peak memory %.1f MB\n", game.GetScore(),
-                game.GetLastName().empty() ? "" : ", kept for ", game.GetLastName().c_str(), PeakMemoryKB() / 1024.0);
+                game.GetLastName().empty() ? "" : ", kept for ", game.GetLastName().c_str(),
+                TarnwickGame::MemoryStatusKB("VmHWM") / 1024.0);
     return 0;
 }
