@@ -1,5 +1,8 @@
 #include "OrvXMLFile.h"
 
+#include <algorithm>
+#include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -345,6 +348,54 @@ void OrvXMLFile::BuildTree()
     m_root = builder.Release();
 }
 
+namespace
+{
+// Where each end tag of a text lies: for every "</" in it, the name up to the
+// next '>' and the position of the "</". Built once, in one pass, so that
+// finding an element's end tag costs a lookup instead of a scan of the rest
+// of the text (which made deeply nested text quadratic).
+class EndTags
+{
+public:
+    explicit EndTags(const OrvUnicode& text)
+    {
+        const char16_t* const data = text.GetData();
+        const unsigned int length = text.Length();
+        unsigned int nextClose = 0;
+        for (unsigned int i = 0; i + 1 < length; ++i)
+        {
+            if (data[i] != u'<' || data[i + 1] != u'/')
+                continue;
+            if (nextClose <= i + 1)
+            {
+                nextClose = i + 2;
+                while (nextClose < length && data[nextClose] != u'>')
+                    ++nextClose;
+            }
+            if (nextClose >= length)
+                break;
+            m_positions[std::u16string(data + i + 2, data + nextClose)].push_back(i);
+        }
+    }
+
+    // The first "</name>" at or after `from`, like OrvUnicode::Search.
+    bool Find(const OrvUnicode& name, unsigned int from, unsigned int& position) const
+    {
+        const auto found = m_positions.find(std::u16string(name.GetData(), name.GetData() + name.Length()));
+        if (found == m_positions.end())
+            return false;
+        const auto at = std::lower_bound(found->second.begin(), found->second.end(), from);
+        if (at == found->second.end())
+            return false;
+        position = *at;
+        return true;
+    }
+
+private:
+    std::unordered_map<std::u16string, std::vector<unsigned int>> m_positions;
+};
+}  // namespace
+
 OrvXMLElement* OrvXMLFile::BuildElement(const OrvUnicode& text, unsigned int& position)
 {
     // Elements whose end tag has not been reached yet, innermost last.
@@ -355,6 +406,7 @@ OrvXMLElement* OrvXMLFile::BuildElement(const OrvUnicode& text, unsigned int& po
         unsigned int endTagLength;
         unsigned int contentStart;
     };
+    const EndTags endTags(text);
     TreeBuilder owner;
     std::vector<Frame> frames;
     for (;;)
@@ -363,6 +415,10 @@ OrvXMLElement* OrvXMLFile::BuildElement(const OrvUnicode& text, unsigned int& po
         unsigned int close = 0;
         if (!text.Search(">", close, position))
             ORV_THROW(OrvFileException, "Couldn't find a '>' while importing xml file", kSource);
+        if (frames.size() >= kMaxDepth)
+            ORV_THROW(OrvFileException, "The xml file nests its elements too deeply", kSource);
+        if (++owner.elements > kMaxElements)
+            ORV_THROW(OrvFileException, "The xml file holds too many elements", kSource);
         OrvXMLElement* const element = new OrvXMLElement();
         if (frames.empty())
             owner.root = element;
@@ -370,16 +426,15 @@ OrvXMLElement* OrvXMLFile::BuildElement(const OrvUnicode& text, unsigned int& po
             TreeBuilder::Attach(frames.back().element, element);
         SetRange(element->m_name, text, position + 1, (close > position) ? close - position - 1 : 0);
 
-        const OrvUnicode endTag = OrvUnicode("</") + element->m_name + ">";
         unsigned int endTagPosition = 0;
-        if (!text.Search(endTag, endTagPosition, close))
+        if (!endTags.Find(element->m_name, close, endTagPosition))
             ORV_THROW(OrvFileException, "Couldn't find an end tag while importing xml file", kSource);
         unsigned int next = 0;
         if (!text.Search("<", next, close))
             ORV_THROW(OrvFileException, "Couldn't find a '<' while importing xml file", kSource);
         const unsigned int contentStart = position + element->m_name.Length() + 2;
         position = next;
-        frames.push_back(Frame{element, endTagPosition, endTag.Length(), contentStart});
+        frames.push_back(Frame{element, endTagPosition, element->m_name.Length() + 3, contentStart});
 
         // Close every element whose end tag has been reached; a '<' before the
         // end tag opens a child instead.

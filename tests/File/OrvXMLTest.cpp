@@ -180,6 +180,21 @@ TEST_F(OrvXMLTest, TextBuilderMatchesEndTags)
     EXPECT_EQ("Couldn't find an end tag while importing xml file", TextBuilderFailure("<a>x</b>"));
     EXPECT_EQ("Couldn't find an end tag while importing xml file", TextBuilderFailure("<a><b></a>"));
     EXPECT_EQ("Couldn't find a '<' while importing xml file", TextBuilderFailure("<a><a></a>"));
+
+    // The builder holds text to the loader's depth: as deep as allowed builds,
+    // one deeper is refused before the search for end tags runs away.
+    std::string open, close;
+    for (unsigned int i = 0; i < OrvXMLFile::kMaxDepth; ++i)
+    {
+        open += "<d>";
+        close += "</d>";
+    }
+    position = 0;
+    OrvXMLElement* deep = OrvXMLFile::BuildElement(OrvUnicode((open + close).c_str()), position);
+    EXPECT_EQ(OrvXMLFile::kMaxDepth * 7u, position);
+    delete deep;
+    EXPECT_EQ("The xml file nests its elements too deeply",
+              TextBuilderFailure((open + "<d></d>" + close).c_str()));
 }
 
 TEST_F(OrvXMLTest, ElementsOwnTheirSubtreesAndCopyShallow)
