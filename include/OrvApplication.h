@@ -14,8 +14,11 @@ class OrvFileManager;
 class OrvGameAsset;
 class OrvGameAssetManager;
 class OrvInputManager;
+class OrvJoypad;
+class OrvKeyboard;
 class OrvMessageManager;
 class OrvMaterialShelf;
+class OrvMouse;
 class OrvRenderWindow;
 class OrvRenderer;
 class OrvSoundManager;
@@ -36,7 +39,24 @@ public:
     OrvApplication& operator=(const OrvApplication&) = delete;
     ~OrvApplication() override;
 
+    // The application of an engine object that knows its own (a manager, a
+    // renderer), or null when there is no object: the one way the engine's
+    // parts reach the application they belong to.
+    template <class Owner>
+    static OrvApplication* Of(const Owner* owner)
+    {
+        return owner != nullptr ? owner->GetApplication() : nullptr;
+    }
+
     void ProcessInputEvent(const OrvInputEvent& event) override;
+
+    // The devices nearly every game wants, in one call from OnInitialise
+    // (before widgets, which listen to the first keyboard and mouse): the
+    // platform's keyboard, mouse and first joypad, added to the input
+    // manager in that order, created, and heard by this application. Each
+    // pointer given receives its device; the input manager owns them.
+    void AddStandardDevices(OrvKeyboard** keyboard = nullptr, OrvMouse** mouse = nullptr,
+                            OrvJoypad** joypad = nullptr);
     // Ends the loop after the current turn.
     virtual void Exit();
     virtual bool GetIsLoading() const;

@@ -47,7 +47,6 @@
 #include "OrvFileManager.h"
 #include "OrvFont.h"
 #include "OrvFontDesc.h"
-#include "OrvGLStateCache.h"
 #include "OrvGameAsset.h"
 #include "OrvGameAssetDesc.h"
 #include "OrvGameAssetManager.h"

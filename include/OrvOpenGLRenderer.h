@@ -43,6 +43,7 @@ public:
     // value already.
     void SetEffectParameter(OrvEffect* effect, const char* name, void* value) override;
     void Flush() override;
+    void Finish() override;
     void SetBatching(bool on) override;
     bool GetBatching() const override;
     // Draw calls made since the renderer was made.

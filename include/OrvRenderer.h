@@ -102,6 +102,9 @@ public:
     // Draws whatever was collected: call it before reading pixels or
     // drawing with OpenGL directly in the middle of a pass. Nothing in this base.
     virtual void Flush();
+    // Flush, then waits until the graphics driver has drawn everything it
+    // was given. Only Flush in this base.
+    virtual void Finish();
     virtual void SetBatching(bool on);
     // Always false in this base.
     virtual bool GetBatching() const;

@@ -24,9 +24,6 @@
 // callback the operation returns a null handle or does nothing. The runtime
 // is used from one thread, the one that owns the GL context.
 
-#include <GL/gl.h>
-#include <GL/glext.h>
-
 typedef struct OrvCgContextHandle* CGcontext;
 typedef struct OrvCgProgramHandle* CGprogram;
 typedef struct OrvCgParameterHandle* CGparameter;
@@ -126,45 +123,5 @@ const OrvShaderRuntimeStats& OrvShaderRuntimeGetStats();
 void OrvShaderRuntimeResetStats();
 void OrvShaderRuntimeSetCaching(bool enabled);
 bool OrvShaderRuntimeGetCaching();
-
-// The OpenGL 2.0 entry points the engine calls, fetched with
-// SDL_GL_GetProcAddress. They live in this namespace so as not to take the
-// names that libGL itself exports.
-namespace OrvGL
-{
-// Fetches every entry point; needs a current context of OpenGL 2.0 or later.
-// Returns false (and leaves the entry points null) otherwise. The renderer
-// calls it at set-up and again whenever the window's GL context was replaced;
-// the runtime calls it on first use when nobody did.
-bool LoadEntryPoints();
-// True once LoadEntryPoints has succeeded.
-bool EntryPointsLoaded();
-// Counts the successful LoadEntryPoints calls: the runtime forgets what it
-// believes bound when this changes.
-unsigned int LoadCount();
-
-extern PFNGLACTIVETEXTUREPROC glActiveTexture;
-extern PFNGLCREATESHADERPROC glCreateShader;
-extern PFNGLSHADERSOURCEPROC glShaderSource;
-extern PFNGLCOMPILESHADERPROC glCompileShader;
-extern PFNGLGETSHADERIVPROC glGetShaderiv;
-extern PFNGLGETSHADERINFOLOGPROC glGetShaderInfoLog;
-extern PFNGLDELETESHADERPROC glDeleteShader;
-extern PFNGLISSHADERPROC glIsShader;
-extern PFNGLCREATEPROGRAMPROC glCreateProgram;
-extern PFNGLATTACHSHADERPROC glAttachShader;
-extern PFNGLLINKPROGRAMPROC glLinkProgram;
-extern PFNGLGETPROGRAMIVPROC glGetProgramiv;
-extern PFNGLGETPROGRAMINFOLOGPROC glGetProgramInfoLog;
-extern PFNGLDELETEPROGRAMPROC glDeleteProgram;
-extern PFNGLISPROGRAMPROC glIsProgram;
-extern PFNGLUSEPROGRAMPROC glUseProgram;
-extern PFNGLGETACTIVEUNIFORMPROC glGetActiveUniform;
-extern PFNGLGETUNIFORMLOCATIONPROC glGetUniformLocation;
-extern PFNGLUNIFORM1FPROC glUniform1f;
-extern PFNGLUNIFORM4FVPROC glUniform4fv;
-extern PFNGLUNIFORM1IPROC glUniform1i;
-extern PFNGLUNIFORMMATRIX4FVPROC glUniformMatrix4fv;
-}  // namespace OrvGL
 
 #endif

@@ -27,8 +27,10 @@ public:
     // Deletes the textures nobody uses, keeping the others in order.
     void CleanUp();
     // Uploads every texture again from its image file, read as TGA unless the
-    // file manager holds a file of that name. Textures that never had an image
-    // are passed over.
+    // file manager holds an image of that name; the file is released after
+    // the upload. A registered file of that name that is no image is refused
+    // with OrvTextureException. Textures that never had an image are passed
+    // over.
     void ReloadTextures();
 
     unsigned int GetTextureCount() const { return m_textures.GetSize(); }

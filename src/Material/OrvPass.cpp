@@ -4,6 +4,7 @@
 #include "OrvEffectManager.h"
 #include "OrvPassDesc.h"
 #include "OrvRendererException.h"
+#include "OrvTextureMethod.h"
 
 namespace
 {
@@ -90,18 +91,12 @@ void OrvPass::SetBlendFunction(OrvBlendFactor source, OrvBlendFactor destination
 
 bool OrvPass::SetMipMapMethod(MIPMAP_METHOD method)
 {
-    if (static_cast<unsigned int>(method) > 1)
-        return false;
-    m_mipMapMethod = method;
-    return true;
+    return OrvTextureMethod::Assign(m_mipMapMethod, method);
 }
 
 bool OrvPass::SetWrapMethod(WRAP_METHOD method)
 {
-    if (static_cast<unsigned int>(method) > 1)
-        return false;
-    m_wrapMethod = method;
-    return true;
+    return OrvTextureMethod::Assign(m_wrapMethod, method);
 }
 
 void OrvPass::SetTextureUnit(OrvTextureUnit unit, OrvTexture* texture)

@@ -19,6 +19,23 @@ std::string TextOf(const OrvFile& file)
         return std::string();
     return std::string(reinterpret_cast<const char*>(data), static_cast<std::size_t>(file.GetSize()));
 }
+
+// The registered file of that name, or a text file loaded now. A file of
+// another class registered under the name serves as it is.
+OrvFile* SourceFile(OrvFileManager* files, const OrvUnicode& path)
+{
+    OrvFile* file = files->GetOrLoad<OrvTextFile>(path);
+    return file != nullptr ? file : files->GetFile(path);
+}
+
+// Sources are compiled once and never kept; the two stages may share a file.
+void ReleaseSources(OrvFileManager* files, OrvFile* vertex, OrvFile* fragment)
+{
+    if (vertex != nullptr)
+        files->DeleteOrvFile(vertex);
+    if (fragment != nullptr && fragment != vertex)
+        files->DeleteOrvFile(fragment);
+}
 }  // namespace
 
 OrvEffect::OrvEffect(OrvEffectManager* manager, const OrvUnicode& vsPath, const OrvUnicode& fsPath)
@@ -38,7 +55,7 @@ OrvEffect::~OrvEffect()
 OrvFileManager* OrvEffect::ReachFileManager() const
 {
     const OrvRenderer* renderer = m_effectManager != nullptr ? m_effectManager->GetRenderer() : nullptr;
-    const OrvApplication* application = renderer != nullptr ? renderer->GetApplication() : nullptr;
+    const OrvApplication* application = OrvApplication::Of(renderer);
     return application != nullptr ? application->GetFileManager() : nullptr;
 }
 
@@ -61,22 +78,18 @@ int OrvEffect::Declare()
 
 void OrvEffect::CompilePrograms(OrvFileManager* files)
 {
-    OrvFile* file = files->GetFile(m_vsPath);
-    if (file == nullptr)
-    {
-        file = new OrvTextFile();
-        file->Create(files, ++files->LastFileID);
-        files->AddOrvFile(file);
-    }
     const CGcontext context = m_effectManager->GetRenderer()->GetCGContext();
+    OrvFile* vertexFile = nullptr;
+    OrvFile* fragmentFile = nullptr;
     CGprogram vertex = nullptr;
     try
     {
-        file->Load(m_vsPath, OrvUnicode(""));
-        vertex = cgCreateProgram(context, CG_SOURCE, TextOf(*file).c_str(), CG_PROFILE_ARBVP1, "VSMain", nullptr);
-        file->Load(m_fsPath, OrvUnicode(""));
+        vertexFile = SourceFile(files, m_vsPath);
+        vertex =
+            cgCreateProgram(context, CG_SOURCE, TextOf(*vertexFile).c_str(), CG_PROFILE_ARBVP1, "VSMain", nullptr);
+        fragmentFile = SourceFile(files, m_fsPath);
         m_fsProgram =
-            cgCreateProgram(context, CG_SOURCE, TextOf(*file).c_str(), CG_PROFILE_ARBFP1, "FSMain", nullptr);
+            cgCreateProgram(context, CG_SOURCE, TextOf(*fragmentFile).c_str(), CG_PROFILE_ARBFP1, "FSMain", nullptr);
         m_vsProgram = vertex;
     }
     catch (...)
@@ -84,10 +97,10 @@ void OrvEffect::CompilePrograms(OrvFileManager* files)
         // Nothing of a half-made declaration stays behind.
         if (vertex != nullptr)
             cgDestroyProgram(vertex);
-        files->DeleteOrvFile(file);
+        ReleaseSources(files, vertexFile, fragmentFile);
         throw;
     }
-    files->DeleteOrvFile(file);
+    ReleaseSources(files, vertexFile, fragmentFile);
 }
 
 bool OrvEffect::UnDeclare()

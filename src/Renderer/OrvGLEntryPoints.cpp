@@ -1,8 +1,8 @@
+#include "OrvGLEntryPoints.h"
+
 #include <SDL.h>
 
 #include <cstdlib>
-
-#include "OrvShaderRuntime.h"
 
 namespace OrvGL
 {

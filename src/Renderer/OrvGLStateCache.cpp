@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "OrvGLBatch.h"
-#include "OrvShaderRuntime.h"
+#include "OrvGLEntryPoints.h"
 
 namespace
 {

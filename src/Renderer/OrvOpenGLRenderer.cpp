@@ -6,6 +6,7 @@
 
 #include "OrvColor.h"
 #include "OrvEffect.h"
+#include "OrvGLEntryPoints.h"
 #include "OrvGLStateCache.h"
 #include "OrvOpenGLRendererState.h"
 #include "OrvOpenGLTexture.h"
@@ -240,6 +241,12 @@ void OrvOpenGLRenderer::SetEffectParameter(OrvEffect* effect, const char* name, 
 void OrvOpenGLRenderer::Flush()
 {
     m_state->batch.Flush();
+}
+
+void OrvOpenGLRenderer::Finish()
+{
+    Flush();
+    glFinish();
 }
 
 void OrvOpenGLRenderer::SetBatching(bool on)

@@ -55,7 +55,7 @@ void OrvOpenGLTexture::DeleteOpenGLName()
 bool OrvOpenGLTexture::ApplicationIsLoading() const
 {
     const OrvRenderer* renderer = m_textureManager != nullptr ? m_textureManager->GetRenderer() : nullptr;
-    const OrvApplication* application = renderer != nullptr ? renderer->GetApplication() : nullptr;
+    const OrvApplication* application = OrvApplication::Of(renderer);
     return application != nullptr && application->GetIsLoading();
 }
 

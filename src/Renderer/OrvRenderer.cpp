@@ -231,6 +231,11 @@ void OrvRenderer::SetTextureUnit(OrvTextureUnit, OrvTexture*)
 
 void OrvRenderer::Flush() {}
 
+void OrvRenderer::Finish()
+{
+    Flush();
+}
+
 void OrvRenderer::SetBatching(bool) {}
 
 bool OrvRenderer::GetBatching() const

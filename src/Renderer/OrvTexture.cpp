@@ -2,6 +2,7 @@
 
 #include "OrvImageFile.h"
 #include "OrvTextureException.h"
+#include "OrvTextureMethod.h"
 
 namespace
 {
@@ -49,18 +50,12 @@ void OrvTexture::RemoveUser()
 
 bool OrvTexture::SetMipMapMethod(MIPMAP_METHOD method)
 {
-    if (static_cast<unsigned int>(method) > 1)
-        return false;
-    m_mipMapMethod = method;
-    return true;
+    return OrvTextureMethod::Assign(m_mipMapMethod, method);
 }
 
 bool OrvTexture::SetWrapMethod(WRAP_METHOD method)
 {
-    if (static_cast<unsigned int>(method) > 1)
-        return false;
-    m_wrapMethod = method;
-    return true;
+    return OrvTextureMethod::Assign(m_wrapMethod, method);
 }
 
 void OrvTexture::SetFromImageCallback(void (*callback)(OrvTexture*))

@@ -48,7 +48,7 @@ void OrvTextureManager::CleanUp()
 
 void OrvTextureManager::ReloadTextures()
 {
-    OrvApplication* application = m_renderer != nullptr ? m_renderer->GetApplication() : nullptr;
+    OrvApplication* application = OrvApplication::Of(m_renderer);
     OrvFileManager* files = application != nullptr ? application->GetFileManager() : nullptr;
     if (files == nullptr)
         ORV_THROW(OrvTextureException, "You tried to reload textures without a file manager", kSource);
@@ -57,26 +57,13 @@ void OrvTextureManager::ReloadTextures()
         OrvTexture* texture = m_textures[i];
         if (texture->GetImageFileName().Length() == 0)
             continue;
-        OrvFile* file = files->GetFile(texture->GetImageFileName());
-        OrvImageFile* image = dynamic_cast<OrvImageFile*>(file);
+        // An image of another format registered under the name serves as it is.
+        OrvImageFile* image = files->GetOrLoad<OrvTGAImageFile>(texture->GetImageFileName());
         if (image == nullptr)
-        {
-            OrvTGAImageFile* tga = new OrvTGAImageFile();
-            tga->Create(files, ++files->LastFileID);
-            files->AddOrvFile(tga);
-            file = tga;
-            image = tga;
-            try
-            {
-                tga->Load(texture->GetImageFileName(), OrvUnicode(""));
-            }
-            catch (...)
-            {
-                files->DeleteOrvFile(tga);
-                throw;
-            }
-        }
+            image = dynamic_cast<OrvImageFile*>(files->GetFile(texture->GetImageFileName()));
+        if (image == nullptr)
+            ORV_THROW(OrvTextureException, "You tried to reload a texture from a file that is not an image", kSource);
         texture->SetDataFromImage(image);
-        files->DeleteOrvFile(file);
+        files->DeleteOrvFile(image);
     }
 }

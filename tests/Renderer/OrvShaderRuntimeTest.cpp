@@ -10,6 +10,7 @@
 #include <string>
 
 #include "OrvCgException.h"
+#include "OrvGLEntryPoints.h"
 #include "OrvShaderRuntime.h"
 #include "OrvTestGame.h"
 

@@ -1,12 +1,13 @@
 #ifndef ORV_GL_STATE_CACHE_H
 #define ORV_GL_STATE_CACHE_H
 
-// What the engine last set in the current GL context: the blend function, the
-// active texture unit, the texture bound on each of the two units and the
-// filter and wrap of each texture object. Calls that would set what is already
-// set are skipped. The renderer forgets everything at each set-up (a new GL
-// context); textures report their names' birth and death. One GL context and
-// one thread at a time, like the shader runtime.
+// Private to the OpenGL renderer; its tests and benchmark reach it through a
+// private include path. What the engine last set in the current GL context:
+// the blend function, the active texture unit, the texture bound on each of
+// the two units and the filter and wrap of each texture object. Calls that
+// would set what is already set are skipped. The renderer forgets everything
+// at each set-up (a new GL context); textures report their names' birth and
+// death. One GL context and one thread at a time, like the shader runtime.
 class OrvGLStateCache
 {
 public:
