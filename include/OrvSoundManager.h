@@ -1,19 +1,21 @@
 #ifndef ORV_SOUND_MANAGER_H
 #define ORV_SOUND_MANAGER_H
 
+#include <memory>
+
 #include "OrvTArray.h"
 #include "OrvUnicode.h"
 
+class OrvALDevice;
 class OrvApplication;
 class OrvSound;
-struct ALCdevice_struct;
-struct ALCcontext_struct;
 
 // Plays WAV sounds (16-bit PCM, mono or stereo, found through the file
 // manager) with OpenAL, from a pool of 12 buffers and 12 sources, by name.
 // Looping sounds are queued again by Update; a sound can be queued behind
 // another on its source. Without an OpenAL device every operation does
-// nothing and answers false, 0 or -1: the game runs silently.
+// nothing and answers false, 0 or -1: the game runs silently. This class
+// holds the pool's rules; OrvALDevice, private to the engine, speaks OpenAL.
 class OrvSoundManager
 {
 public:
@@ -78,7 +80,7 @@ public:
     // Throws OrvSoundException "Open AL error" when OpenAL reports an error.
     void CheckALError() const;
 
-    bool HasDevice() const { return m_device != nullptr; }
+    bool HasDevice() const;
     OrvApplication* GetApplication() const { return m_application; }
 
 private:
@@ -89,17 +91,12 @@ private:
     bool LoadIfUnloaded(OrvSound* sound);
     // Gain, pitch 1, the buffer queued, played.
     void StartOnSource(int source, int buffer, float gain);
-    // A float parameter of the source playing the sound; nothing (0) without one.
-    void SetSourceFloat(const OrvUnicode& name, int parameter, float value);
-    float GetSourceFloat(const OrvUnicode& name, int parameter) const;
 
     void (*m_sndOpCallback)(void*);
     void* m_sndOpUserData;
     OrvApplication* m_application;
-    ALCdevice_struct* m_device;
-    ALCcontext_struct* m_context;
-    unsigned int m_buffers[kPoolSize];
-    unsigned int m_sources[kPoolSize];
+    // Never null; closed when there is no device.
+    std::unique_ptr<OrvALDevice> m_al;
     OrvTArray<OrvSound> m_sounds;
     bool m_activated;
 };

@@ -1,8 +1,6 @@
 #include "OrvSoundManager.h"
 
-#include <AL/al.h>
-#include <AL/alc.h>
-
+#include "OrvALDevice.h"
 #include "OrvApplication.h"
 #include "OrvFileManager.h"
 #include "OrvSound.h"
@@ -22,110 +20,85 @@ bool ValidIndex(int index)
 {
     return index >= 0 && index < OrvSoundManager::kPoolSize;
 }
+
+static_assert(OrvSoundManager::kPoolSize == OrvALDevice::kSize, "one buffer and one source a pool slot");
 }  // namespace
 
 OrvSoundManager::OrvSoundManager(OrvApplication* application)
-    : m_sndOpCallback(nullptr), m_sndOpUserData(nullptr), m_application(application), m_device(nullptr),
-      m_context(nullptr), m_buffers(), m_sources(), m_activated(false)
+    : m_sndOpCallback(nullptr), m_sndOpUserData(nullptr), m_application(application), m_al(new OrvALDevice()),
+      m_activated(false)
 {
     InitOpenAL();
-    m_activated = m_device != nullptr;
+    m_activated = HasDevice();
 }
 
 OrvSoundManager::~OrvSoundManager()
 {
-    if (m_device != nullptr)
-        DestroyOpenAL();
+    DestroyOpenAL();
     m_sounds.DeleteAll();
+}
+
+bool OrvSoundManager::HasDevice() const
+{
+    return m_al->IsOpen();
 }
 
 void OrvSoundManager::InitOpenAL()
 {
-    m_device = alcOpenDevice(nullptr);
-    if (m_device == nullptr)
+    // A failure has already released the device, so that a manager that does
+    // not exist owns nothing.
+    switch (m_al->Open())
+    {
+    case OrvALDevice::Opening::Opened:
+    case OrvALDevice::Opening::NoDevice:
         return;
-    // Whatever fails from here on, the device, its context and what was made
-    // in it are released before the refusal: a manager that does not exist
-    // owns nothing.
-    bool buffersMade = false;
-    bool sourcesMade = false;
-    const auto refuse = [&](const char* message) {
-        if (sourcesMade)
-            alDeleteSources(kPoolSize, m_sources);
-        if (buffersMade)
-            alDeleteBuffers(kPoolSize, m_buffers);
-        alcMakeContextCurrent(nullptr);
-        if (m_context != nullptr)
-            alcDestroyContext(m_context);
-        alcCloseDevice(m_device);
-        m_context = nullptr;
-        m_device = nullptr;
-        ORV_THROW(OrvSoundException, message, kSource);
-    };
-    m_context = alcCreateContext(m_device, nullptr);
-    if (m_context == nullptr || alcMakeContextCurrent(m_context) != ALC_TRUE)
-        refuse("Error while creating the OpenAL context");
-    alGetError();
-    alGenBuffers(kPoolSize, m_buffers);
-    if (alGetError() != AL_NO_ERROR)
-        refuse("Error while generating OpenAL buffers");
-    buffersMade = true;
-    alGenSources(kPoolSize, m_sources);
-    if (alGetError() != AL_NO_ERROR)
-        refuse("Error while generating OpenAL sources");
-    sourcesMade = true;
+    case OrvALDevice::Opening::NoContext:
+        ORV_THROW(OrvSoundException, "Error while creating the OpenAL context", kSource);
+    case OrvALDevice::Opening::NoBuffers:
+        ORV_THROW(OrvSoundException, "Error while generating OpenAL buffers", kSource);
+    case OrvALDevice::Opening::NoSources:
+        ORV_THROW(OrvSoundException, "Error while generating OpenAL sources", kSource);
+    }
 }
 
 void OrvSoundManager::DestroyOpenAL()
 {
-    if (m_device == nullptr)
-        return;
-    // Sources first: a buffer still queued on one cannot be deleted.
-    alSourceStopv(kPoolSize, m_sources);
-    alDeleteSources(kPoolSize, m_sources);
-    alDeleteBuffers(kPoolSize, m_buffers);
-    alcMakeContextCurrent(nullptr);
-    alcDestroyContext(m_context);
-    alcCloseDevice(m_device);
-    m_context = nullptr;
-    m_device = nullptr;
+    m_al->Close();
 }
 
 void OrvSoundManager::CheckALError() const
 {
-    if (alGetError() != AL_NO_ERROR)
+    if (m_al->TakeError())
         ORV_THROW(OrvSoundException, "Open AL error", kSource);
 }
 
 void OrvSoundManager::Update()
 {
-    if (m_device != nullptr)
+    if (HasDevice())
         CleanUp();
 }
 
 void OrvSoundManager::CleanUp()
 {
-    if (m_device == nullptr)
+    if (!HasDevice())
         return;
     for (int i = 0; i < kPoolSize; ++i)
     {
-        ALint processed = 0;
-        alGetSourcei(m_sources[i], AL_BUFFERS_PROCESSED, &processed);
+        const int processed = m_al->GetProcessedCount(i);
         CheckALError();
-        for (ALint p = 0; p < processed; ++p)
+        for (int p = 0; p < processed; ++p)
         {
-            ALuint buffer = 0;
-            alSourceUnqueueBuffers(m_sources[i], 1, &buffer);
+            const int buffer = m_al->UnqueueProcessed(i);
             CheckALError();
             for (unsigned int s = 0; s < m_sounds.GetSize(); ++s)
             {
                 OrvSound* sound = m_sounds[s];
-                if (!ValidIndex(sound->GetBufferIndex()) || m_buffers[sound->GetBufferIndex()] != buffer)
+                if (!ValidIndex(sound->GetBufferIndex()) || sound->GetBufferIndex() != buffer)
                     continue;
                 if (sound->GetLooping())
                 {
-                    alSourceQueueBuffers(m_sources[i], 1, &buffer);
-                    alSourcePlay(m_sources[i]);
+                    m_al->Queue(i, buffer);
+                    m_al->Play(i);
                     CheckALError();
                 }
                 else
@@ -145,16 +118,15 @@ OrvSound* OrvSoundManager::FindSound(const OrvUnicode& name) const
 
 bool OrvSoundManager::IsSourceFree(int index) const
 {
-    if (m_device == nullptr || !ValidIndex(index))
+    if (!HasDevice() || !ValidIndex(index))
         return false;
-    ALint state = 0;
-    alGetSourcei(m_sources[index], AL_SOURCE_STATE, &state);
+    const OrvALDevice::SourceState state = m_al->GetState(index);
     CheckALError();
-    if (state == AL_INITIAL)
+    if (state == OrvALDevice::SourceState::Initial)
         return true;
-    if (state != AL_STOPPED)
+    if (state != OrvALDevice::SourceState::Stopped)
         return false;
-    alSourcei(m_sources[index], AL_BUFFER, 0);
+    m_al->Detach(index);
     CheckALError();
     for (unsigned int i = 0; i < m_sounds.GetSize(); ++i)
         if (m_sounds[i]->GetSourceIndex() == index)
@@ -172,7 +144,7 @@ int OrvSoundManager::GetFreeSource() const
 
 int OrvSoundManager::GetFreeBuffer()
 {
-    if (m_device == nullptr)
+    if (!HasDevice())
         return -1;
     for (int b = 0; b < kPoolSize; ++b)
     {
@@ -209,8 +181,7 @@ void OrvSoundManager::LoadIntoBuffer(const OrvUnicode& name, int index)
     if (wav->GetBlockAlign() == 0 || size % wav->GetBlockAlign() != 0)
         ORV_THROW(OrvSoundException, "You tried to play a WAV sound whose data doesn't fit its block alignment",
                   kSource);
-    alBufferData(m_buffers[index], wav->GetChannelCount() == 1 ? AL_FORMAT_MONO16 : AL_FORMAT_STEREO16, wav->GetData(),
-                 static_cast<ALsizei>(size), static_cast<ALsizei>(wav->GetFrequency()));
+    m_al->Fill(index, wav->GetChannelCount(), wav->GetData(), size, wav->GetFrequency());
     CheckALError();
 }
 
@@ -228,16 +199,16 @@ bool OrvSoundManager::LoadIfUnloaded(OrvSound* sound)
 
 void OrvSoundManager::StartOnSource(int source, int buffer, float gain)
 {
-    alSourcef(m_sources[source], AL_GAIN, gain);
-    alSourcef(m_sources[source], AL_PITCH, 1.0f);
-    alSourceQueueBuffers(m_sources[source], 1, &m_buffers[buffer]);
-    alSourcePlay(m_sources[source]);
+    m_al->Set(source, OrvALDevice::Parameter::Gain, gain);
+    m_al->Set(source, OrvALDevice::Parameter::Pitch, 1.0f);
+    m_al->Queue(source, buffer);
+    m_al->Play(source);
     CheckALError();
 }
 
 void OrvSoundManager::PlaySound(const OrvUnicode& name, float gain, bool looping, int type)
 {
-    if (m_device == nullptr || !m_activated)
+    if (!HasDevice() || !m_activated)
         return;
     OrvSound* sound = FindSound(name);
     if (sound != nullptr)
@@ -250,10 +221,10 @@ void OrvSoundManager::PlaySound(const OrvUnicode& name, float gain, bool looping
         }
         if (sound->GetSourceIndex() >= 0)
         {
-            const ALuint source = m_sources[sound->GetSourceIndex()];
-            alSourcef(source, AL_GAIN, gain);
-            alSourcef(source, AL_PITCH, 1.0f);
-            alSourcePlay(source);
+            const int source = sound->GetSourceIndex();
+            m_al->Set(source, OrvALDevice::Parameter::Gain, gain);
+            m_al->Set(source, OrvALDevice::Parameter::Pitch, 1.0f);
+            m_al->Play(source);
             CheckALError();
         }
         else
@@ -287,7 +258,7 @@ void OrvSoundManager::PlaySound(const OrvUnicode& name, float gain, bool looping
 void OrvSoundManager::QueueSound(const OrvUnicode& name, float gain, bool looping, const OrvUnicode& afterName,
                                  int type)
 {
-    if (m_device == nullptr)
+    if (!HasDevice())
         return;
     OrvSound* after = FindSound(afterName);
     if (after == nullptr || after->GetSourceIndex() < 0 || IsSourceFree(after->GetSourceIndex()))
@@ -304,7 +275,7 @@ void OrvSoundManager::QueueSound(const OrvUnicode& name, float gain, bool loopin
     if (!LoadIfUnloaded(sound))
         return;
     sound->SetSourceIndex(after->GetSourceIndex());
-    alSourceQueueBuffers(m_sources[sound->GetSourceIndex()], 1, &m_buffers[sound->GetBufferIndex()]);
+    m_al->Queue(sound->GetSourceIndex(), sound->GetBufferIndex());
     CheckALError();
     sound->SetLooping(looping);
     sound->SetType(type);
@@ -312,14 +283,14 @@ void OrvSoundManager::QueueSound(const OrvUnicode& name, float gain, bool loopin
 
 void OrvSoundManager::StopSound(const OrvUnicode& name)
 {
-    if (m_device == nullptr)
+    if (!HasDevice())
         return;
     OrvSound* sound = FindSound(name);
     if (sound == nullptr)
         return;
     if (ValidIndex(sound->GetSourceIndex()))
     {
-        alSourceStop(m_sources[sound->GetSourceIndex()]);
+        m_al->Stop(sound->GetSourceIndex());
         CheckALError();
     }
     sound->SetLooping(false);
@@ -327,13 +298,13 @@ void OrvSoundManager::StopSound(const OrvUnicode& name)
 
 void OrvSoundManager::StopAllSounds()
 {
-    if (m_device == nullptr)
+    if (!HasDevice())
         return;
     for (unsigned int i = 0; i < m_sounds.GetSize(); ++i)
     {
         OrvSound* sound = m_sounds[i];
         if (ValidIndex(sound->GetSourceIndex()))
-            alSourceStop(m_sources[sound->GetSourceIndex()]);
+            m_al->Stop(sound->GetSourceIndex());
         sound->SetLooping(false);
     }
     CheckALError();
@@ -342,7 +313,7 @@ void OrvSoundManager::StopAllSounds()
 
 void OrvSoundManager::StopAllMusics()
 {
-    if (m_device == nullptr)
+    if (!HasDevice())
         return;
     for (unsigned int i = 0; i < m_sounds.GetSize(); ++i)
     {
@@ -350,7 +321,7 @@ void OrvSoundManager::StopAllMusics()
         if (sound->GetType() != 1)
             continue;
         if (ValidIndex(sound->GetSourceIndex()))
-            alSourceStop(m_sources[sound->GetSourceIndex()]);
+            m_al->Stop(sound->GetSourceIndex());
         sound->SetLooping(false);
     }
     CheckALError();
@@ -358,69 +329,59 @@ void OrvSoundManager::StopAllMusics()
 
 void OrvSoundManager::PauseAllSounds(bool pause)
 {
-    if (m_device == nullptr)
+    if (!HasDevice())
         return;
     for (unsigned int i = 0; i < m_sounds.GetSize(); ++i)
     {
         const int index = m_sounds[i]->GetSourceIndex();
         if (!ValidIndex(index))
             continue;
-        ALint state = 0;
-        alGetSourcei(m_sources[index], AL_SOURCE_STATE, &state);
-        if (pause && state != AL_PAUSED)
-            alSourcePause(m_sources[index]);
-        else if (!pause && state == AL_PAUSED)
-            alSourcePlay(m_sources[index]);
+        const bool paused = m_al->GetState(index) == OrvALDevice::SourceState::Paused;
+        if (pause && !paused)
+            m_al->Pause(index);
+        else if (!pause && paused)
+            m_al->Play(index);
     }
     CheckALError();
 }
 
 void OrvSoundManager::SetIsActivated(bool activated)
 {
-    if (m_device == nullptr)
+    if (!HasDevice())
         return;
     m_activated = activated;
     if (!activated)
         StopAllSounds();
 }
 
-void OrvSoundManager::SetSourceFloat(const OrvUnicode& name, int parameter, float value)
+void OrvSoundManager::SetGain(const OrvUnicode& name, float gain)
 {
     const int index = GetSourceIndex(name);
     if (!ValidIndex(index))
         return;
-    alSourcef(m_sources[index], parameter, value);
+    m_al->Set(index, OrvALDevice::Parameter::Gain, gain);
     CheckALError();
-}
-
-float OrvSoundManager::GetSourceFloat(const OrvUnicode& name, int parameter) const
-{
-    const int index = GetSourceIndex(name);
-    if (!ValidIndex(index))
-        return 0.0f;
-    ALfloat value = 0.0f;
-    alGetSourcef(m_sources[index], parameter, &value);
-    return value;
-}
-
-void OrvSoundManager::SetGain(const OrvUnicode& name, float gain)
-{
-    SetSourceFloat(name, AL_GAIN, gain);
 }
 
 void OrvSoundManager::SetPitch(const OrvUnicode& name, float pitch)
 {
-    SetSourceFloat(name, AL_PITCH, pitch);
+    const int index = GetSourceIndex(name);
+    if (!ValidIndex(index))
+        return;
+    m_al->Set(index, OrvALDevice::Parameter::Pitch, pitch);
+    CheckALError();
 }
 
 float OrvSoundManager::GetGain(const OrvUnicode& name) const
 {
-    return GetSourceFloat(name, AL_GAIN);
+    const int index = GetSourceIndex(name);
+    return ValidIndex(index) ? m_al->Get(index, OrvALDevice::Parameter::Gain) : 0.0f;
 }
 
 float OrvSoundManager::GetPitch(const OrvUnicode& name) const
 {
-    return GetSourceFloat(name, AL_PITCH);
+    const int index = GetSourceIndex(name);
+    return ValidIndex(index) ? m_al->Get(index, OrvALDevice::Parameter::Pitch) : 0.0f;
 }
 
 bool OrvSoundManager::IsSoundPlaying(const OrvUnicode& name) const
@@ -438,7 +399,7 @@ unsigned int OrvSoundManager::GetSoundIndex(const OrvUnicode& name) const
 
 int OrvSoundManager::GetSourceIndex(const OrvUnicode& name) const
 {
-    if (m_device == nullptr)
+    if (!HasDevice())
         return -1;
     const OrvSound* sound = FindSound(name);
     return sound != nullptr ? sound->GetSourceIndex() : -1;
