@@ -23,6 +23,16 @@ public:
     // Opens the hardware again.
     virtual void RefreshHardware() = 0;
 
+    // The kinds of the platform's events the device takes (kTakes... bits).
+    // The input manager drops every other kind from the platform's queue
+    // each turn, so that it never fills up; a device of the game's own is
+    // assumed to read anything unless it says otherwise.
+    static constexpr unsigned int kTakesKeys = 0x1;
+    static constexpr unsigned int kTakesMouse = 0x2;
+    static constexpr unsigned int kTakesJoypad = 0x4;
+    static constexpr unsigned int kTakesAnything = 0xFFFFFFFFu;
+    virtual unsigned int GetTakenEvents() const { return kTakesAnything; }
+
     OrvInputManager* GetInputManager() const { return m_inputManager; }
     void SetInputManager(OrvInputManager* manager) { m_inputManager = manager; }
     void SetName(const OrvUnicode& name) { m_name = name; }

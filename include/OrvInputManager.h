@@ -33,10 +33,10 @@ public:
     void RemoveListner(OrvInputListner* listener);
     unsigned int GetListnerCount() const { return m_listeners.GetCount(); }
 
-    // SDL's queue is pumped, then each device takes its own events from it.
-    // Events that no device of this manager will ever take (window
-    // housekeeping; the kinds of devices it does not have) are dropped, so
-    // that the queue never fills up with them; SDL_QUIT and user events stay.
+    // The platform's queue is pumped, then each device takes its own events
+    // from it. Events that no device of this manager will ever take (window
+    // housekeeping; kinds no device names in GetTakenEvents) are dropped, so
+    // that the queue never fills up with them; quit and user events stay.
     void Capture();
     // To every listener of the event's device; listeners added or removed on
     // the way are taken into account.

@@ -3,7 +3,6 @@
 
 #include "OrvJoypad.h"
 
-struct _SDL_Joystick;
 
 // One joystick read from SDL's event queue, at most 128 events a frame. Events
 // of other joysticks go back to the end of the queue for their own joypad.
@@ -23,14 +22,16 @@ public:
     void Create() override;
     void Capture() override;
     void RefreshHardware() override;
+    unsigned int GetTakenEvents() const override { return kTakesJoypad; }
 
-    _SDL_Joystick* GetJoystick() const { return m_joystick; }
+    // SDL's joystick, opaque; null when none opened.
+    void* GetJoystick() const { return m_joystick; }
 
 private:
     void Dispatch(const class OrvInputEvent& event);
     void AxisMoved(int sdlAxis, int raw);
 
-    _SDL_Joystick* m_joystick;
+    void* m_joystick;
 };
 
 #endif

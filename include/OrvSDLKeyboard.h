@@ -18,6 +18,7 @@ public:
     void Create() override;
     void Capture() override;
     void RefreshHardware() override;
+    unsigned int GetTakenEvents() const override { return kTakesKeys; }
 
     // The engine's key for an SDL key (an SDLKey value); KEY_UNKNOWN for the rest.
     static OrvKey ConvertKeyCode(int sdlKey);

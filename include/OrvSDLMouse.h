@@ -18,6 +18,7 @@ public:
     void Create() override;
     void Capture() override;
     void RefreshHardware() override;
+    unsigned int GetTakenEvents() const override { return kTakesMouse; }
 
 private:
     void Dispatch(const class OrvInputEvent& event);

@@ -1,14 +1,10 @@
 #include "OrvInputManager.h"
 
-#include <SDL.h>
-
 #include "OrvInputDevice.h"
 #include "OrvInputEvent.h"
-#include "OrvInputListner.h"
-#include "OrvSDLJoypad.h"
-#include "OrvSDLKeyboard.h"
-#include "OrvSDLMouse.h"
 #include "OrvInputException.h"
+#include "OrvInputListner.h"
+#include "OrvSDLEventPump.h"
 
 OrvInputManager::OrvInputManager() = default;
 
@@ -56,7 +52,7 @@ void OrvInputManager::RemoveListner(OrvInputListner* listener)
 
 void OrvInputManager::Capture()
 {
-    SDL_PumpEvents();
+    OrvSDLEventPump::Pump();
     for (unsigned int i = 0; i < m_devices.GetSize(); ++i)
         if (OrvInputDevice* device = m_devices[i])
             device->Capture();
@@ -65,28 +61,12 @@ void OrvInputManager::Capture()
 
 void OrvInputManager::DropUntakenEvents()
 {
-    Uint32 taken = 0;
+    unsigned int taken = 0;
     for (unsigned int i = 0; i < m_devices.GetSize(); ++i)
-    {
-        const OrvInputDevice* device = m_devices[i];
-        if (dynamic_cast<const OrvSDLKeyboard*>(device) != nullptr)
-            taken |= SDL_KEYDOWNMASK | SDL_KEYUPMASK;
-        else if (dynamic_cast<const OrvSDLMouse*>(device) != nullptr)
-            taken |= SDL_MOUSEMOTIONMASK | SDL_MOUSEBUTTONDOWNMASK | SDL_MOUSEBUTTONUPMASK;
-        else if (dynamic_cast<const OrvSDLJoypad*>(device) != nullptr)
-            taken |= SDL_JOYEVENTMASK;
-        else
-            // A device of the game's own may read anything.
-            return;
-    }
-    const Uint32 kinds = SDL_ACTIVEEVENTMASK | SDL_KEYDOWNMASK | SDL_KEYUPMASK | SDL_MOUSEMOTIONMASK |
-                         SDL_MOUSEBUTTONDOWNMASK | SDL_MOUSEBUTTONUPMASK | SDL_JOYEVENTMASK | SDL_SYSWMEVENTMASK |
-                         SDL_VIDEORESIZEMASK | SDL_VIDEOEXPOSEMASK;
-    const Uint32 drop = kinds & ~taken;
-    SDL_Event events[32];
-    while (SDL_PeepEvents(events, 32, SDL_GETEVENT, drop) > 0)
-    {
-    }
+        if (const OrvInputDevice* device = m_devices[i])
+            taken |= device->GetTakenEvents();
+    if (taken != OrvInputDevice::kTakesAnything)
+        OrvSDLEventPump::DropAllBut(taken);
 }
 
 void OrvInputManager::ProcessEvent(const OrvInputEvent& event)
