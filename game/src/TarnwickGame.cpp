@@ -25,9 +25,9 @@
 #include "OrvMouseButtonEvent.h"
 #include "OrvPlane.h"
 #include "OrvRenderer.h"
-#include "OrvSDLJoypad.h"
-#include "OrvSDLKeyboard.h"
-#include "OrvSDLMouse.h"
+#include "OrvJoypad.h"
+#include "OrvKeyboard.h"
+#include "OrvMouse.h"
 #include "OrvSoundManager.h"
 #include "OrvTimer.h"
 #include "OrvTimerManager.h"
@@ -144,16 +144,7 @@ void TarnwickGame::OnInitialise()
 void TarnwickGame::MakeDevices()
 {
     // The input manager owns the devices; the game hears all three.
-    m_keyboard = new OrvSDLKeyboard();
-    m_mouse = new OrvSDLMouse();
-    m_joypad = new OrvSDLJoypad(0);
-    for (OrvInputDevice* device : {static_cast<OrvInputDevice*>(m_keyboard), static_cast<OrvInputDevice*>(m_mouse),
-                                   static_cast<OrvInputDevice*>(m_joypad)})
-    {
-        GetInputManager()->AddDevice(device);
-        device->Create();
-        AddInputDevice(device);
-    }
+    AddStandardDevices(&m_keyboard, &m_mouse, &m_joypad);
 }
 
 void TarnwickGame::OnTerminate()

@@ -17,9 +17,9 @@ class Creature;
 class DemoScript;
 class Hero;
 class OrvFont;
-class OrvSDLJoypad;
-class OrvSDLKeyboard;
-class OrvSDLMouse;
+class OrvJoypad;
+class OrvKeyboard;
+class OrvMouse;
 class OrvTimer;
 class OrvWidget;
 
@@ -160,9 +160,9 @@ private:
     };
     std::vector<Shot> m_shots;
 
-    OrvSDLKeyboard* m_keyboard = nullptr;
-    OrvSDLMouse* m_mouse = nullptr;
-    OrvSDLJoypad* m_joypad = nullptr;
+    OrvKeyboard* m_keyboard = nullptr;
+    OrvMouse* m_mouse = nullptr;
+    OrvJoypad* m_joypad = nullptr;
     OrvFont* m_font = nullptr;
     std::unique_ptr<Hud> m_hud;
     std::unique_ptr<DemoScript> m_script;

@@ -1,9 +1,10 @@
 #include "OrvApplication.h"
 
-#include <GL/gl.h>
-#include <SDL.h>
-
-#include <cmath>
+// How an application is put together and taken apart: the managers it owns,
+// made in Initialise in the order they depend on each other and released in
+// the reverse order by one path (Term and the destructor). The turn itself is
+// in OrvApplicationLoop.cpp, focus reports in OrvApplicationFocus.cpp, debug
+// markers and cursors in OrvApplicationDebug.cpp.
 
 #include "OrvAxisAlignedBox.h"
 #include "OrvCamera.h"
@@ -34,38 +35,6 @@ namespace
 {
 // The world and HUD cameras start here.
 const OrvVector3D kCameraPosition(0.0f, 0.0f, 870.0f);
-
-// The renderer batches for the length of one render pass, and is left as it
-// was found (and flushed) when the pass ends, also by an exception.
-class BatchingPass
-{
-public:
-    explicit BatchingPass(OrvRenderer* renderer)
-        : m_renderer(renderer), m_was(renderer != nullptr && renderer->GetBatching())
-    {
-        if (m_renderer != nullptr)
-            m_renderer->SetBatching(true);
-    }
-    ~BatchingPass()
-    {
-        if (m_renderer != nullptr)
-            m_renderer->SetBatching(m_was);
-    }
-    BatchingPass(const BatchingPass&) = delete;
-    BatchingPass& operator=(const BatchingPass&) = delete;
-
-    // Draws what was collected: a game's hook, or the next part of the
-    // frame, sees everything drawn before it.
-    void Flush()
-    {
-        if (m_renderer != nullptr)
-            m_renderer->Flush();
-    }
-
-private:
-    OrvRenderer* m_renderer;
-    bool m_was;
-};
 }  // namespace
 
 OrvApplication::OrvApplication()
@@ -103,34 +72,6 @@ bool OrvApplication::GetIsLoading() const
 void OrvApplication::SetPaused(bool paused)
 {
     m_paused = paused;
-}
-
-void OrvApplication::Run()
-{
-    Initialise(0xFFFFFFFFu, 0xFFFFFFFFu);
-    OrvTime last;
-    last.SetAsTimeFromProgramStart();
-    const OrvTime minimumSpan;
-    OrvTime now;
-    while (m_running)
-    {
-        now.SetAsTimeFromProgramStart();
-        const OrvTime span = now - last;
-        // No frame cap and no sleep: a turn runs as soon as the clock advances.
-        if (!(span > minimumSpan))
-            continue;
-        Update(span.Get());
-        m_renderer->PreRender();
-        RenderWorld();
-        RenderHUD();
-        m_window->SwapBuffers();
-        m_renderer->PostRender();
-        m_soundManager->Update();
-        last = now;
-        m_gameAssetManager->CleanUp();
-        m_textureManager->CleanUp();
-    }
-    Term();
 }
 
 void OrvApplication::Initialise(unsigned int width, unsigned int height)
@@ -237,65 +178,6 @@ void OrvApplication::DestroyGameAssets()
     m_debugRoot = nullptr;
 }
 
-void OrvApplication::Update(float seconds)
-{
-    ReportFocusChanges();
-    if (m_inputManagerOwned != nullptr)
-        m_inputManagerOwned->Capture();
-    if (m_timerManager != nullptr)
-        m_timerManager->Update(seconds);
-    if (!m_paused && m_worldRoot != nullptr)
-        m_worldRoot->Update(seconds);
-    if (m_hudRoot != nullptr)
-        m_hudRoot->Update(seconds);
-    for (unsigned int i = 0; i < m_cursors.GetCount(); ++i)
-        m_cursors[i]->Update(seconds);
-    if (m_messageManager != nullptr)
-        m_messageManager->Update(seconds);
-}
-
-void OrvApplication::RenderWorld()
-{
-    if (m_gameAssetManager != nullptr)
-        m_gameAssetManager->MonitorCleanUp();
-    if (m_worldCamera != nullptr)
-        m_worldCamera->ActivatePerspective();
-    BatchingPass pass(m_renderer.get());
-    OnRenderWorld();
-    pass.Flush();
-    if (m_worldRoot != nullptr)
-        m_worldRoot->Render();
-    pass.Flush();
-    if (m_debugRoot != nullptr)
-        m_debugRoot->Render();
-    pass.Flush();
-    if (m_renderer != nullptr)
-        m_renderer->LoadIdentityMatrix(TRANS_MATRIX_MODEL);
-}
-
-void OrvApplication::RenderHUD()
-{
-    if (m_gameAssetManager != nullptr)
-        m_gameAssetManager->MonitorCleanUp();
-    if (m_hudCamera != nullptr)
-        m_hudCamera->ActivateOthographic();
-    if (m_hudRoot != nullptr && m_renderer != nullptr)
-        m_hudRoot->SetPosition(OrvVector3D(static_cast<float>(m_renderer->GetViewportWidth()) * 0.5f,
-                                           static_cast<float>(m_renderer->GetViewportHeight()) * 0.5f, 0.0f));
-    BatchingPass pass(m_renderer.get());
-    OnRenderHUD();
-    pass.Flush();
-    if (m_hudRoot != nullptr)
-        m_hudRoot->Render();
-    pass.Flush();
-    // Cursors on top.
-    for (unsigned int i = 0; i < m_cursors.GetCount(); ++i)
-        m_cursors[i]->Render();
-    pass.Flush();
-    if (m_renderer != nullptr)
-        m_renderer->LoadIdentityMatrix(TRANS_MATRIX_MODEL);
-}
-
 void OrvApplication::LoadMediaPaths()
 {
     // Every child of the root gives one media path, in document order; the
@@ -306,127 +188,6 @@ void OrvApplication::LoadMediaPaths()
         return;
     for (unsigned int i = 0; i < root->GetChildCount(); ++i)
         m_fileManager->AddMediaPath(root->GetChild(i)->GetContent());
-}
-
-void OrvApplication::ReportFocusChanges()
-{
-    m_currentAppState = SDL_GetAppState() & 0xFFu;
-    if (m_currentAppState == m_previousAppState)
-        return;
-    // Every pair is reported on any change, also for bits that did not change.
-    if (m_currentAppState & SDL_APPMOUSEFOCUS)
-        OnGainedMouseCoverage();
-    else
-        OnLostMouseCoverage();
-    if (m_currentAppState & SDL_APPINPUTFOCUS)
-        OnGainedInputFocus();
-    else
-        OnLostInputFocus();
-    if (m_currentAppState & SDL_APPACTIVE)
-        OnBecameActive();
-    else
-        OnBecameInactive();
-    m_previousAppState = m_currentAppState;
-}
-
-void OrvApplication::OnGainedMouseCoverage() {}
-
-void OrvApplication::OnLostMouseCoverage() {}
-
-void OrvApplication::OnGainedInputFocus()
-{
-    SDL_ShowCursor(0);
-}
-
-void OrvApplication::OnLostInputFocus()
-{
-    SDL_ShowCursor(1);
-}
-
-void OrvApplication::OnBecameActive() {}
-
-void OrvApplication::OnBecameInactive() {}
-
-bool OrvApplication::UpdateScreenBox()
-{
-    if (m_worldCamera == nullptr || m_screenBox == nullptr)
-        return false;
-    const float z = m_worldCamera->GetPosition().Z;
-    const float t = std::tan(m_worldCamera->GetFOVY());
-    const float hx = t * z * 0.5f;
-    const float hy = (t * z / m_worldCamera->GetAspectRatio()) * 0.5f;
-    m_screenBox->SetExtents(OrvVector3D(-hx, -hy, 0.0f), OrvVector3D(hx, hy, 0.0f));
-    return true;
-}
-
-OrvTObjectArray<OrvGameAsset*> OrvApplication::GetOnScreenGameAssets() const
-{
-    OrvTObjectArray<OrvGameAsset*> onScreen;
-    if (m_worldRoot == nullptr)
-        return onScreen;
-    for (OrvGameAsset* child : m_worldRoot->GetChildren())
-        if (child->IsOnScreen())
-            onScreen.Add(child);
-    return onScreen;
-}
-
-OrvWidget* OrvApplication::CreateDebugSprite(const OrvVector3D& position, const OrvColor& color, float size)
-{
-    if (m_gameAssetManager == nullptr || m_debugRoot == nullptr)
-        return nullptr;
-    OrvWidgetDesc desc;
-    desc.position = position;
-    desc.scale.Set(size, size, size);
-    OrvWidget* sprite = m_gameAssetManager->CreateGameAsset<OrvWidget, OrvWidgetDesc>(&desc);
-    try
-    {
-        sprite->UseColorMaterial(color);
-    }
-    catch (...)
-    {
-        m_gameAssetManager->DeleteGameAsset(sprite);
-        throw;
-    }
-    m_debugRoot->AddChild(sprite);
-    return sprite;
-}
-
-void OrvApplication::DeleteDebugGameAsset(OrvGameAsset* asset)
-{
-    if (m_debugRoot == nullptr || asset == nullptr || !m_debugRoot->GetChildren().Contains(asset))
-        return;
-    m_debugRoot->RemoveChild(asset);
-    m_gameAssetManager->DeleteGameAsset(asset);
-}
-
-void OrvApplication::DeleteAllDebugGameAssets()
-{
-    if (m_debugRoot == nullptr)
-        return;
-    for (OrvGameAsset* child : m_debugRoot->GetChildren())
-        m_gameAssetManager->DeleteGameAsset(child);
-    m_debugRoot->GetChildren().RemoveAll();
-}
-
-void OrvApplication::RenderDebugGameAssets(bool render)
-{
-    if (m_debugRoot != nullptr)
-        m_debugRoot->SetRender(render, true);
-}
-
-void OrvApplication::AddCursor(OrvCursor* cursor)
-{
-    m_cursors.Add(cursor);
-}
-
-OrvCursor* OrvApplication::GetCursor(unsigned int index) const
-{
-    return m_cursors[index];
-}
-
-unsigned int OrvApplication::GetCursorCount() const
-{
-    return m_cursors.GetCount();
 }
 
 void OrvApplication::SetFullScreen(bool fullScreen)
@@ -453,6 +214,5 @@ bool OrvApplication::GetFullScreen() const
 void OrvApplication::SyncWithGL()
 {
     if (m_renderer != nullptr)
-        m_renderer->Flush();
-    glFinish();
+        m_renderer->Finish();
 }
