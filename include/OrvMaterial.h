@@ -4,19 +4,26 @@
 #include "OrvTArray.h"
 
 class OrvColor;
+class OrvMaterialShelf;
 class OrvPass;
 class OrvRenderer;
 
 // How geometry is drawn: one or more passes (owned), each activated in turn
 // after the material has handed its own values to it. Materials are not
 // copied.
+//
+// Ownership: a material has one owner at a time, whoever deletes it: the
+// shelf that made it, or the mesh it was handed to (which deletes it with
+// itself). A material made by a shelf takes itself off the shelf's list when
+// it is deleted, however that happens, so the shelf never lists a deleted
+// material and no caller needs to ask the shelf before deleting.
 class OrvMaterial
 {
 public:
     explicit OrvMaterial(OrvRenderer* renderer);
     OrvMaterial(const OrvMaterial&) = delete;
     OrvMaterial& operator=(const OrvMaterial&) = delete;
-    // Deletes every pass.
+    // Deletes every pass; leaves the list of the shelf that made it.
     virtual ~OrvMaterial();
 
     // Hands the material's values to pass `pass`; nothing in this base.
@@ -44,6 +51,11 @@ protected:
 
     OrvTArray<OrvPass> m_passes;
     OrvRenderer* m_renderer;
+
+private:
+    friend class OrvMaterialShelf;
+    // The shelf listing the material; null when none does (any more).
+    OrvMaterialShelf* m_shelf = nullptr;
 };
 
 #endif

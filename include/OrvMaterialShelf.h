@@ -9,7 +9,8 @@ class OrvRenderer;
 
 // Makes materials for the game's objects and destroys those it made. Its
 // destructor releases its list only: a material handed to a mesh belongs to
-// that mesh from then on.
+// that mesh from then on. A listed material that is deleted elsewhere (by its
+// mesh) leaves the list by itself (see OrvMaterial).
 class OrvMaterialShelf
 {
 public:
@@ -35,6 +36,7 @@ public:
         T* material = new T(m_renderer);
         ORV_ADD_OWNED(m_materials, material, OrvRendererException, "Not enough memory for another material",
                       "include/OrvMaterialShelf");
+        static_cast<OrvMaterial*>(material)->m_shelf = this;
         return material;
     }
 
@@ -45,6 +47,7 @@ public:
     {
         if (material == nullptr || m_materials.Remove(static_cast<OrvMaterial*>(material)) == nullptr)
             return;
+        static_cast<OrvMaterial*>(material)->m_shelf = nullptr;
         delete material;
         material = nullptr;
     }
@@ -53,6 +56,10 @@ public:
         "Renderer is null, can't use material shelf (try calling Init method)";
 
 private:
+    friend class OrvMaterial;
+    // A listed material is being deleted elsewhere.
+    void Forget(OrvMaterial* material) { m_materials.Remove(material); }
+
     OrvTArray<OrvMaterial> m_materials;
     OrvRenderer* m_renderer;
 };

@@ -49,7 +49,7 @@ OrvGameAsset::OrvGameAsset()
 OrvGameAsset::~OrvGameAsset()
 {
     // Messages still on their way here would reach a destroyed asset.
-    OrvApplication* application = m_manager != nullptr ? m_manager->GetApplication() : nullptr;
+    OrvApplication* application = OrvApplication::Of(m_manager);
     if (application != nullptr && application->GetMessageManager() != nullptr)
         application->GetMessageManager()->ForgetReceiver(this);
     Unbind();
@@ -65,7 +65,7 @@ void OrvGameAsset::SetParent(OrvGameAsset* parent)
 
 OrvRenderer* OrvGameAsset::GetRenderer() const
 {
-    OrvApplication* application = m_manager != nullptr ? m_manager->GetApplication() : nullptr;
+    OrvApplication* application = OrvApplication::Of(m_manager);
     return application != nullptr ? application->GetRenderer() : nullptr;
 }
 
@@ -335,7 +335,7 @@ void OrvGameAsset::HandleFrameMessages()
 {
     if (m_frameMessages.GetCount() == 0)
         return;
-    OrvApplication* application = m_manager != nullptr ? m_manager->GetApplication() : nullptr;
+    OrvApplication* application = OrvApplication::Of(m_manager);
     OrvMessageManager* messages = application != nullptr ? application->GetMessageManager() : nullptr;
     // One at a time off the front: a refused message, and those after it,
     // stay in the list; none of those handled does.
@@ -477,7 +477,7 @@ bool OrvGameAsset::SetMaterialWrapParameters(WRAP_METHOD wrap, unsigned int pass
 
 bool OrvGameAsset::IsOnScreen() const
 {
-    OrvApplication* application = m_manager != nullptr ? m_manager->GetApplication() : nullptr;
+    OrvApplication* application = OrvApplication::Of(m_manager);
     OrvAxisAlignedBox* screen = application != nullptr ? application->GetScreenBox() : nullptr;
     return m_mesh != nullptr && screen != nullptr && m_mesh->GetBoundingBox()->IsColliding(screen);
 }

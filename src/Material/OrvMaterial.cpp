@@ -1,6 +1,7 @@
 #include "OrvMaterial.h"
 
 #include "OrvColor.h"
+#include "OrvMaterialShelf.h"
 #include "OrvPass.h"
 #include "OrvPassDesc.h"
 #include "OrvRendererException.h"
@@ -14,6 +15,8 @@ OrvMaterial::OrvMaterial(OrvRenderer* renderer) : m_renderer(renderer) {}
 
 OrvMaterial::~OrvMaterial()
 {
+    if (m_shelf != nullptr)
+        m_shelf->Forget(this);
     DeleteAllPasses();
 }
 

@@ -34,7 +34,7 @@ OrvWidget::~OrvWidget()
 
 OrvApplication* OrvWidget::GetApplication() const
 {
-    return m_manager != nullptr ? m_manager->GetApplication() : nullptr;
+    return OrvApplication::Of(m_manager);
 }
 
 void OrvWidget::Create(OrvWidgetDesc* desc)
@@ -328,11 +328,8 @@ void OrvWidget::ReleaseMaterial()
     OrvMaterial* material = m_mesh != nullptr ? m_mesh->GetMaterial() : nullptr;
     if (material == nullptr)
         return;
-    // One the shelf made goes back to it (which deletes it); any other is the mesh's own.
-    OrvApplication* application = GetApplication();
-    OrvMaterialShelf* shelf = application != nullptr ? application->GetMaterialShelf() : nullptr;
-    if (shelf != nullptr)
-        shelf->DestroyMaterial(material);
+    // The mesh's own from the moment it was set; one the shelf made leaves
+    // the shelf's list as it goes.
     delete material;
     m_mesh->SetMaterial(nullptr);
 }

@@ -5,6 +5,7 @@
 #include "OrvColoredTextureMaterial.h"
 #include "OrvEffect.h"
 #include "OrvMaterialShelf.h"
+#include "OrvMesh.h"
 #include "OrvPass.h"
 #include "OrvTestBytes.h"
 #include "OrvTestGame.h"
@@ -79,6 +80,24 @@ TEST_F(OrvMaterialGameTest, ShelfMaterialsShareEffectsAndKeepTheirPasses)
     EXPECT_EQ(nullptr, first);
     EXPECT_EQ(before + 1, shelf->GetMaterialCount());
     shelf->DestroyMaterial(second);
+
+    // Handed to a mesh, a material is the mesh's: deleting the mesh takes it
+    // off the shelf, which never lists a deleted material.
+    OrvMesh* mesh = new OrvMesh(renderer);
+    const unsigned int withBox = shelf->GetMaterialCount();  // the mesh's box has one too
+    mesh->SetMaterial(shelf->CreateMaterial<OrvColorMaterial>());
+    EXPECT_EQ(withBox + 1, shelf->GetMaterialCount());
+    delete mesh;
+    EXPECT_EQ(before, shelf->GetMaterialCount());
+
+    // A shelf that goes first leaves its materials to their meshes.
+    OrvMesh* survivor = new OrvMesh(renderer);
+    {
+        OrvMaterialShelf local;
+        local.Init(renderer);
+        survivor->SetMaterial(local.CreateMaterial<OrvColorMaterial>());
+    }
+    delete survivor;
 }
 
 TEST_F(OrvMaterialGameTest, ColouredTextureTintsTexelsAndIsSetUpOnce)
