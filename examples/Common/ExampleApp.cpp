@@ -1,0 +1,201 @@
+#include "ExampleApp.h"
+
+#include <GL/gl.h>
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "OrvColorMaterial.h"
+#include "OrvColoredTextureMaterial.h"
+#include "OrvException.h"
+#include "OrvFileManager.h"
+#include "OrvFont.h"
+#include "OrvFontDesc.h"
+#include "OrvInputManager.h"
+#include "OrvKeyboardEvent.h"
+#include "OrvMesh.h"
+#include "OrvRenderer.h"
+#include "OrvSDLJoypad.h"
+#include "OrvSDLKeyboard.h"
+#include "OrvSDLMouse.h"
+#include "OrvTGAImageFile.h"
+#include "OrvTexture.h"
+#include "OrvTextureManager.h"
+#include "OrvTimerManager.h"
+#include "OrvVertex.h"
+#include "ScriptedMouse.h"
+
+void ExampleApp::OnInitialise()
+{
+    if (m_options.seconds <= 0.0f)
+        return;
+    OrvTimer* end = GetTimerManager()->AddTimer();
+    end->SetTimeLimit(m_options.seconds);
+    end->SetEndCallBack([](OrvTimer*, void* game) { static_cast<ExampleApp*>(game)->Exit(); }, this);
+    end->Start();
+}
+
+void ExampleApp::OnTerminate()
+{
+    // Fonts hold users of their textures: they go while the texture manager is there.
+    for (OrvFont* font : m_fonts)
+        delete font;
+    m_fonts.clear();
+    for (OrvTexture* texture : m_textures)
+        texture->RemoveUser();
+    m_textures.clear();
+}
+
+void ExampleApp::ProcessInputEvent(const OrvInputEvent& event)
+{
+    if (event.GetType() == INPUT_KEY_DOWN && static_cast<const OrvKeyboardEvent&>(event).GetKey() == KEY_ESCAPE)
+        Exit();
+}
+
+void ExampleApp::RenderHUD()
+{
+    OrvApplication::RenderHUD();
+    // Exit() lets the turn finish: this frame is the last one drawn.
+    if (!m_options.screenshot.empty() && !IsRunning())
+        SaveScreenshot();
+}
+
+void ExampleApp::AddStandardDevices()
+{
+    m_keyboard = new OrvSDLKeyboard();
+    m_mouse = new ScriptedMouse();
+    m_joypad = new OrvSDLJoypad(0);
+    for (OrvInputDevice* device : {static_cast<OrvInputDevice*>(m_keyboard), static_cast<OrvInputDevice*>(m_mouse),
+                                   static_cast<OrvInputDevice*>(m_joypad)})
+    {
+        GetInputManager()->AddDevice(device);
+        device->Create();
+        AddInputDevice(device);
+    }
+}
+
+OrvSDLMouse* ExampleApp::GetMouse() const
+{
+    return m_mouse;
+}
+
+OrvMesh* ExampleApp::MakeQuad(float width, float height, OrvMaterial* material) const
+{
+    OrvMesh* mesh = new OrvMesh(GetRenderer());
+    const float w = width * 0.5f, h = height * 0.5f;
+    const float corners[4][4] = {{-w, -h, 0, 0}, {w, -h, 1, 0}, {w, h, 1, 1}, {-w, h, 0, 1}};
+    for (const auto& c : corners)
+        mesh->AddVertex(new OrvVertex(OrvVector3D(c[0], c[1], 0), OrvVector2D(c[2], c[3]), OrvVector3D(0, 1, 0)));
+    mesh->SetMaterial(material);
+    mesh->BuildBoundingVolumes();
+    return mesh;
+}
+
+OrvColorMaterial* ExampleApp::MakeColor(const OrvColor& color) const
+{
+    OrvColorMaterial* material = new OrvColorMaterial(GetRenderer());
+    material->SetColor(color);
+    return material;
+}
+
+OrvColoredTextureMaterial* ExampleApp::MakeTextured(const char* image, const OrvColor& tint)
+{
+    return new OrvColoredTextureMaterial(GetRenderer(), LoadTexture(image), tint);
+}
+
+OrvTexture* ExampleApp::LoadTexture(const char* image)
+{
+    // The texture keeps the pixels: the file is not needed once they are uploaded.
+    OrvTGAImageFile* file = GetFileManager()->GetOrLoad<OrvTGAImageFile>(image);
+    OrvTexture* texture = GetTextureManager()->CreateTexture();
+    texture->AddUser();
+    m_textures.push_back(texture);
+    texture->SetDataFromImage(file);
+    GetFileManager()->DeleteOrvFile(file);
+    return texture;
+}
+
+OrvFont* ExampleApp::LoadFont(const char* image, unsigned int cell, float sizeCoef)
+{
+    OrvFontDesc desc;
+    desc.fileName = image;
+    desc.imageWidth = desc.imageHeight = 16.0f * static_cast<float>(cell);
+    desc.symbolWidth = desc.symbolHeight = static_cast<float>(cell);
+    desc.sizeCoef = sizeCoef;
+    OrvFont* font = new OrvFont();
+    m_fonts.push_back(font);
+    font->Create(this, desc);
+    return font;
+}
+
+void ExampleApp::Report(const char* format, ...) const
+{
+    std::printf("%s: ", m_name);
+    va_list arguments;
+    va_start(arguments, format);
+    std::vprintf(format, arguments);
+    va_end(arguments);
+    std::printf("\n");
+    std::fflush(stdout);
+}
+
+// The engine has no way to read the frame back: the pixels come from OpenGL,
+// the file is written by the engine's TGA writer (bottom row first).
+void ExampleApp::SaveScreenshot() const
+{
+    const unsigned int width = GetRenderer()->GetViewportWidth();
+    const unsigned int height = GetRenderer()->GetViewportHeight();
+    OrvTGAImageFile shot;
+    shot.SetImageTypeCode(2);
+    shot.SetImagePixelSize(32);
+    shot.SetWidth(width);
+    shot.SetHeight(height);
+    shot.ResetImageData();
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glReadPixels(static_cast<GLint>(GetRenderer()->GetViewportOriginX()),
+                 static_cast<GLint>(GetRenderer()->GetViewportOriginY()), static_cast<GLsizei>(width),
+                 static_cast<GLsizei>(height), GL_RGBA, GL_UNSIGNED_BYTE, shot.GetData());
+    // What the window shows is opaque, whatever the blending left in alpha.
+    for (unsigned long i = 3; i < shot.GetImageDataSize(); i += 4)
+        shot.GetData()[i] = 255;
+    shot.Create(GetFileManager(), ++GetFileManager()->LastFileID);
+    shot.Save(m_options.screenshot.c_str(), OrvFile::SAVE_DEFAULT);
+    shot.Close();
+    Report("%ux%u screenshot saved to %s", width, height, m_options.screenshot.c_str());
+}
+
+bool ParseExampleOptions(int argc, char** argv, ExampleOptions& options)
+{
+    for (int i = 1; i < argc; ++i)
+    {
+        char* end = nullptr;
+        if (std::strcmp(argv[i], "--screenshot") == 0 && i + 1 < argc)
+            options.screenshot = argv[++i];
+        else if (std::strcmp(argv[i], "--demo") == 0)
+            options.demo = true;
+        else if (std::strcmp(argv[i], "--windowed") == 0)
+            setenv("ORV_WINDOWED", "1", 1);
+        else if ((options.seconds = std::strtof(argv[i], &end)) < 0.0f || end == argv[i] || *end != '\0')
+        {
+            std::fprintf(stderr, "Usage: %s [SECONDS] [--windowed] [--demo] [--screenshot FILE]\n", argv[0]);
+            return false;
+        }
+    }
+    return true;
+}
+
+int RunExampleGame(ExampleApp& game)
+{
+    try
+    {
+        game.Run();
+    }
+    catch (const OrvException& e)
+    {
+        std::fprintf(stderr, "%s: %s: %s (%s:%d)\n", game.GetName(), e.name, e.message, e.file, e.line);
+        return 1;
+    }
+    return 0;
+}
