@@ -22,8 +22,10 @@ struct SDL_Surface;
 // buffer the depth test lets everything through, so what is drawn last is
 // on top.
 //
-// Failures of SDL (no display, no OpenGL visual) throw OrvRendererException
-// with SDL's own error text.
+// Failures of SDL throw OrvRendererException: without an X display (and no
+// driver named in SDL_VIDEODRIVER) "No display was found: ..." saying what to
+// do; SDL's text-mode drivers are never tried unless named. Other failures
+// (no OpenGL visual) carry SDL's own error text.
 class OrvSDLRenderWindow : public OrvRenderWindow
 {
 public:

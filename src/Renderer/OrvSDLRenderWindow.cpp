@@ -10,6 +10,9 @@
 namespace
 {
 const char* const kSource = "src/Renderer/OrvSDLRenderWindow";
+const char* const kNoDisplay =
+    "No display was found: set DISPLAY to an X server you can reach, or play under a virtual one "
+    "(scripts/run-game, or xvfb-run)";
 const Uint32 kSubsystems = SDL_INIT_VIDEO | SDL_INIT_JOYSTICK;
 
 static_assert(OrvSDLRenderWindow::kCreateFlags == (SDL_HWSURFACE | SDL_OPENGL | SDL_HWPALETTE | SDL_DOUBLEBUF),
@@ -66,9 +69,19 @@ void OrvSDLRenderWindow::Create(const char* caption, unsigned int width, unsigne
     OrvRenderWindow::Create(caption, width, height, fullScreen);
 
     const Uint32 running = SDL_WasInit(SDL_INIT_EVERYTHING);
-    if (SDL_Init(kSubsystems) != 0)
+    // Without an X display SDL would fall back to whatever else it was built
+    // with, down to its text-mode drivers that fill the terminal with escape
+    // codes. Unless a driver is named explicitly, X11 is the only one tried.
+    const char* const named = std::getenv("SDL_VIDEODRIVER");
+    const bool chooseX11 = (running & SDL_INIT_VIDEO) == 0 && (named == nullptr || named[0] == '\0');
+    if (chooseX11)
+        setenv("SDL_VIDEODRIVER", "x11", 1);
+    const int started = SDL_Init(kSubsystems);
+    if (chooseX11)
+        unsetenv("SDL_VIDEODRIVER");
+    if (started != 0)
     {
-        const std::string message = SDLError();
+        const std::string message = chooseX11 && (SDL_WasInit(SDL_INIT_VIDEO) == 0) ? kNoDisplay : SDLError();
         // Leave SDL as it was found: SDL_Init may have started part of it.
         if (running == 0)
             SDL_Quit();

@@ -187,6 +187,30 @@ TEST_F(OrvRenderWindowTest, FailingVideoThrowsSDLTextAndLeavesSDLDown)
     SDL_Quit();
 }
 
+TEST_F(OrvRenderWindowTest, WithoutADisplayOnlyX11IsTriedAndTheMessageSaysWhatToDo)
+{
+    // No X display and no driver named: SDL must not fall back to another
+    // driver (a text-mode one would take over the terminal).
+    const char* display = std::getenv("DISPLAY");
+    const std::string saved = display != nullptr ? display : "";
+    unsetenv("DISPLAY");
+    OrvSDLRenderWindow window;
+    std::string message;
+    try
+    {
+        window.Create(kCaption, 64, 48, false);
+    }
+    catch (const OrvRendererException& e)
+    {
+        message = e.message;
+    }
+    if (display != nullptr)
+        setenv("DISPLAY", saved.c_str(), 1);
+    EXPECT_EQ(0u, message.find("No display was found: set DISPLAY")) << message;
+    EXPECT_EQ(nullptr, std::getenv("SDL_VIDEODRIVER")) << "the choice of X11 is not left behind";
+    EXPECT_EQ(0u, SDL_WasInit(SDL_INIT_EVERYTHING));
+}
+
 TEST_F(OrvRenderWindowTest, DepthAndStencilBuffersCanBeLeftOut)
 {
     const auto bits = [](GLenum which) {
