@@ -32,7 +32,9 @@ public:
     virtual ~OrvSoundManager();
 
     // Opens the default device with 12 buffers and 12 sources; without a
-    // device the manager stays silent.
+    // device the manager stays silent and says so in one line on standard
+    // error ("no sound device: playing without sound"), with nothing from
+    // OpenAL or the system's sound library.
     void InitOpenAL();
     void DestroyOpenAL();
     // Once a turn: recycles finished buffers, queues looping ones again.

@@ -1,10 +1,52 @@
 #include "OrvALDevice.h"
 
 #include <AL/al.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+namespace
+{
+// openal-soft, and the ALSA library below it, report a machine without a
+// sound card on standard error in a dozen lines; the sound manager says it
+// in one. Standard error goes to /dev/null while the device opens.
+class QuietStandardError
+{
+public:
+    QuietStandardError() : m_saved(-1)
+    {
+        std::fflush(stderr);
+        const int null = open("/dev/null", O_WRONLY | O_CLOEXEC);
+        if (null < 0)
+            return;
+        m_saved = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0);
+        if (m_saved >= 0)
+            dup2(null, STDERR_FILENO);
+        close(null);
+    }
+    ~QuietStandardError()
+    {
+        if (m_saved < 0)
+            return;
+        std::fflush(stderr);
+        dup2(m_saved, STDERR_FILENO);
+        close(m_saved);
+    }
+    QuietStandardError(const QuietStandardError&) = delete;
+    QuietStandardError& operator=(const QuietStandardError&) = delete;
+
+private:
+    int m_saved;
+};
+}  // namespace
 
 OrvALDevice::Opening OrvALDevice::Open()
 {
-    m_device = alcOpenDevice(nullptr);
+    {
+        const QuietStandardError quiet;
+        m_device = alcOpenDevice(nullptr);
+    }
     if (m_device == nullptr)
         return Opening::NoDevice;
     m_context = alcCreateContext(m_device, nullptr);

@@ -1,5 +1,7 @@
 #include "OrvSoundManager.h"
 
+#include <cstdio>
+
 #include "OrvALDevice.h"
 #include "OrvApplication.h"
 #include "OrvFileManager.h"
@@ -50,7 +52,9 @@ void OrvSoundManager::InitOpenAL()
     switch (m_al->Open())
     {
     case OrvALDevice::Opening::Opened:
+        return;
     case OrvALDevice::Opening::NoDevice:
+        std::fputs("no sound device: playing without sound\n", stderr);
         return;
     case OrvALDevice::Opening::NoContext:
         ORV_THROW(OrvSoundException, "Error while creating the OpenAL context", kSource);

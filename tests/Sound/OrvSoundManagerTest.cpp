@@ -103,6 +103,20 @@ TEST(OrvSoundSilent, WithoutADeviceEverythingIsNeutral)
     game.Term();
 }
 
+TEST(OrvSoundDeviceMessage, OneLineWithoutADeviceNothingWithOne)
+{
+    // Whatever backends this runs with (its ctest entries choose them):
+    // only the manager's own line, and only when no device opened.
+    testing::internal::CaptureStderr();
+    bool device = false;
+    {
+        OrvSoundManager sounds(nullptr);
+        device = sounds.HasDevice();
+    }
+    const std::string said = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(device ? "" : "no sound device: playing without sound\n", said);
+}
+
 TEST(OrvSoundRefused, AFailedStartReleasesTheDevice)
 {
     const char* limited = std::getenv("ORV_TEST_FEW_SOURCES");
