@@ -17,6 +17,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <filesystem>
 #include <limits>
 #include <string>
 
@@ -81,11 +82,17 @@ int main(int argc, char** argv)
             usable = ParseSeconds(argv[++i], options.roundSeconds);
         else if (std::strcmp(argv[i], "--save") == 0 && hasValue)
         {
-            // The scores, screenshots and report go there at the end of a round: a folder the game can write.
+            // The scores, screenshots and report go there at the end of a round: a folder the game can
+            // write, made (with its parents) when it does not exist yet.
             options.saveDir = argv[++i];
+            std::error_code error;
+            std::filesystem::create_directories(options.saveDir, error);
             struct stat folder;
-            usable = stat(options.saveDir.c_str(), &folder) == 0 && S_ISDIR(folder.st_mode) &&
+            usable = !error && stat(options.saveDir.c_str(), &folder) == 0 && S_ISDIR(folder.st_mode) &&
                      access(options.saveDir.c_str(), W_OK) == 0;
+            if (!usable)
+                std::fprintf(stderr, "Tarnwick: %s: %s\n", options.saveDir.c_str(),
+                             error ? error.message().c_str() : "not a folder the game can write");
         }
         else if (std::strcmp(argv[i], "--memory-log") == 0 && hasValue)
             memoryLogPath = argv[++i];

@@ -105,7 +105,7 @@ TEST(OrvTarnwickOptions, ValuesThatCannotBeUsedAreRefusedWithTheUsageLine)
         "--frames", "--frames abc", "--frames 0", "--frames -5", "--frames 12x", "--frames 1.5",
         "--frames 99999999999", "--frames ''",
         "--round", "--round abc", "--round 0", "--round -2", "--round nan", "--round inf", "--round 3s",
-        "--save", "--save ''", "--save /nonexistent/folder", "--save /etc/hostname",
+        "--save", "--save ''", "--save /etc/hostname/folder", "--save /etc/hostname",
         "--memory-log", "--memory-log ''", "--memory-log /nonexistent/folder/memory.log",
         "--demo --bogus", "--frames 10 extra",
     };
