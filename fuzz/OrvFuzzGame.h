@@ -6,7 +6,7 @@
 // context (an X display: scripts/headless or xvfb-run gives one). The game is
 // started once per process, in the scratch folder, with a media path list
 // that puts the scratch folder first and the engine's media (its shaders)
-// after it, and a small sprite sheet "Tiles.tga" the seeds refer to.
+// after it, and a small sprite sheet "Tiles.tga" that seed inputs refer to.
 
 #include <initializer_list>
 #include <string>
