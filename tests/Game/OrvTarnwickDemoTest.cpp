@@ -14,23 +14,11 @@
 #include "OrvFileManager.h"
 #include "OrvScratchDir.h"
 #include "OrvXMLElement.h"
+#include "OrvXMLText.h"
 #include "OrvXMLFile.h"
 
 namespace
 {
-std::string Text(const OrvUnicode& text)
-{
-    char buffer[256] = {};
-    text.ToCString(buffer, sizeof(buffer), nullptr);
-    return buffer;
-}
-
-std::string Child(const OrvXMLElement* element, const char* name)
-{
-    const OrvXMLElement* child = element != nullptr ? element->SearchChildNamed(name) : nullptr;
-    return child != nullptr ? Text(child->GetContent()) : std::string("(missing)");
-}
-
 struct Image
 {
     unsigned int width = 0, height = 0;

@@ -16,6 +16,7 @@
 #include "OrvFileManager.h"
 #include "OrvScratchDir.h"
 #include "OrvXMLElement.h"
+#include "OrvXMLText.h"
 #include "OrvXMLFile.h"
 
 namespace
@@ -24,19 +25,6 @@ std::string Here(const std::string& name)
 {
     char folder[4096] = {};
     return std::string(getcwd(folder, sizeof(folder))) + "/" + name;
-}
-
-std::string Text(const OrvUnicode& text)
-{
-    char buffer[256] = {};
-    text.ToCString(buffer, sizeof(buffer), nullptr);
-    return buffer;
-}
-
-std::string Child(const OrvXMLElement* element, const char* name)
-{
-    const OrvXMLElement* child = element != nullptr ? element->SearchChildNamed(name) : nullptr;
-    return child != nullptr ? Text(child->GetContent()) : std::string("(missing)");
 }
 
 // The game's exit status and what it printed, run from its build folder.
