@@ -4,15 +4,15 @@
 #include "CAutoUpdatedLink.h"
 #include "CLinkedList.h"
 
-// List of the links that refer to the object owning the list. The links stay
-// alive when the list dies: they are detached, not deleted.
+/// List of the links that refer to the object owning the list. The links stay
+/// alive when the list dies: they are detached, not deleted.
 class CAutoUpdatedList : public CLinkedList<CAutoUpdatedLink>
 {
 public:
     CAutoUpdatedList();
-    // A copy starts empty, with no object.
+    /// A copy starts empty, with no object.
     CAutoUpdatedList(const CAutoUpdatedList& other);
-    // Leaves this list unchanged.
+    /// Leaves this list unchanged.
     CAutoUpdatedList& operator=(const CAutoUpdatedList& other);
     ~CAutoUpdatedList() override;
 
@@ -21,7 +21,7 @@ public:
 
     bool Add(CAutoUpdatedLink* link);
     bool Remove(CAutoUpdatedLink* link);
-    // Detaches every link; with check, an inconsistent list is left untouched.
+    /// Detaches every link; with check, an inconsistent list is left untouched.
     bool RemoveAll(bool check);
 
 protected:

@@ -1,13 +1,13 @@
 #ifndef C_BIND_H
 #define C_BIND_H
 
-// One side of a one-to-one mutual reference. Each side stands for an object;
-// a side that dies unbinds its partner.
+/// One side of a one-to-one mutual reference. Each side stands for an object;
+/// a side that dies unbinds its partner.
 class CBind
 {
 public:
     CBind();
-    // A copy stands for nothing and is bound to nothing.
+    /// A copy stands for nothing and is bound to nothing.
     CBind(const CBind& other);
     CBind& operator=(const CBind& other);
     virtual ~CBind();

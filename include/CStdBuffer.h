@@ -1,8 +1,8 @@
 #ifndef C_STD_BUFFER_H
 #define C_STD_BUFFER_H
 
-// Growable byte buffer: one raw block resized by reallocation in blocks of
-// `prependSize` bytes (32 by default; 0 for exact capacities). Never throws.
+/// Growable byte buffer: one raw block resized by reallocation in blocks of
+/// `prependSize` bytes (32 by default; 0 for exact capacities). Never throws.
 class CStdBuffer
 {
 public:
@@ -19,7 +19,7 @@ public:
 
     unsigned char* operator[](unsigned long i) const;
     CStdBuffer& operator=(const CStdBuffer& other);
-    // Appends the other's bytes after this buffer's last byte.
+    /// Appends the other's bytes after this buffer's last byte.
     CStdBuffer& operator+=(const CStdBuffer& other);
 
     unsigned long GetSize() const { return m_size; }

@@ -1,8 +1,8 @@
 #ifndef GL_INFOS_H
 #define GL_INFOS_H
 
-// Hooks for showing facts about the OpenGL implementation. The engine never
-// prints, so both do nothing; they stay as places a game's debug build may fill.
+/// Hooks for showing facts about the OpenGL implementation. The engine never
+/// prints, so both do nothing; they stay as places a game's debug build may fill.
 class GLInfos
 {
 public:

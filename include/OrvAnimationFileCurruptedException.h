@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Animation File Currupted Exception".
+/// Display name: "Orv Animation File Currupted Exception".
 ORV_DECLARE_EXCEPTION(OrvAnimationFileCurruptedException);
 
 #endif

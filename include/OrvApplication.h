@@ -28,9 +28,9 @@ class OrvTimerManager;
 class OrvVector3D;
 class OrvWidget;
 
-// Root object of a game. A game derives from it, implements the four hooks,
-// builds one instance and calls Run(): the engine then owns the thread until
-// Exit() is called. The application owns every manager.
+/// Root object of a game. A game derives from it, implements the four hooks,
+/// builds one instance and calls Run(): the engine then owns the thread until
+/// Exit() is called. The application owns every manager.
 class OrvApplication : public OrvInputListner
 {
 public:
@@ -39,9 +39,9 @@ public:
     OrvApplication& operator=(const OrvApplication&) = delete;
     ~OrvApplication() override;
 
-    // The application of an engine object that knows its own (a manager, a
-    // renderer), or null when there is no object: the one way the engine's
-    // parts reach the application they belong to.
+    /// The application of an engine object that knows its own (a manager, a
+    /// renderer), or null when there is no object: the one way the engine's
+    /// parts reach the application they belong to.
     template <class Owner>
     static OrvApplication* Of(const Owner* owner)
     {
@@ -50,14 +50,14 @@ public:
 
     void ProcessInputEvent(const OrvInputEvent& event) override;
 
-    // The devices nearly every game wants, in one call from OnInitialise
-    // (before widgets, which listen to the first keyboard and mouse): the
-    // platform's keyboard, mouse and first joypad, added to the input
-    // manager in that order, created, and heard by this application. Each
-    // pointer given receives its device; the input manager owns them.
+    /// The devices nearly every game wants, in one call from OnInitialise
+    /// (before widgets, which listen to the first keyboard and mouse): the
+    /// platform's keyboard, mouse and first joypad, added to the input
+    /// manager in that order, created, and heard by this application. Each
+    /// pointer given receives its device; the input manager owns them.
     void AddStandardDevices(OrvKeyboard** keyboard = nullptr, OrvMouse** mouse = nullptr,
                             OrvJoypad** joypad = nullptr);
-    // Ends the loop after the current turn.
+    /// Ends the loop after the current turn.
     virtual void Exit();
     virtual bool GetIsLoading() const;
     virtual void SetPaused(bool paused);
@@ -78,8 +78,8 @@ public:
     virtual void OnBecameActive();
     virtual void OnBecameInactive();
 
-    // Initialises, runs turns until Exit(), terminates. Exceptions pass through
-    // without Term(); the destructor still releases what remains.
+    /// Initialises, runs turns until Exit(), terminates. Exceptions pass through
+    /// without Term(); the destructor still releases what remains.
     void Run();
 
     bool GetPaused() const { return m_paused; }
@@ -96,8 +96,8 @@ public:
     OrvInputManager* GetInputManager() const { return m_inputManagerOwned.get(); }
     OrvSoundManager* GetSoundManager() const { return m_soundManager.get(); }
     OrvSpriteManager* GetSpriteManager() const { return m_spriteManager.get(); }
-    // The perspective tree's root and the head-up display's (pixels, origin
-    // at the viewport's centre while it is drawn).
+    /// The perspective tree's root and the head-up display's (pixels, origin
+    /// at the viewport's centre while it is drawn).
     OrvGameAsset* GetWorldRoot() const { return m_worldRoot; }
     OrvGameAsset* GetHUDRoot() const { return m_hudRoot; }
     OrvGameAsset* GetDebugRoot() const { return m_debugRoot; }
@@ -108,39 +108,39 @@ public:
     OrvMaterialShelf* GetMaterialShelf() const { return m_materialShelf.get(); }
     OrvRenderWindow* GetMainWindow() const { return m_window.get(); }
 
-    // Switches the window to or from full screen; the renderer is set up
-    // again, the effects declared anew and the textures reloaded, for the GL
-    // context was replaced. Nothing happens when the window is already so.
+    /// Switches the window to or from full screen; the renderer is set up
+    /// again, the effects declared anew and the textures reloaded, for the GL
+    /// context was replaced. Nothing happens when the window is already so.
     void SetFullScreen(bool fullScreen);
-    // The window's own flag; false without a window.
+    /// The window's own flag; false without a window.
     bool GetFullScreen() const;
-    // Waits until OpenGL has finished every command.
+    /// Waits until OpenGL has finished every command.
     void SyncWithGL();
 
-    // Whether the window opened by Initialise has depth and stencil buffers:
-    // on by default. A 2D game turns it off before Run() (or sets ORV_2D=1):
-    // a software rasteriser then fills much faster, and what is drawn later
-    // (the tree order) is on top.
+    /// Whether the window opened by Initialise has depth and stencil buffers:
+    /// on by default. A 2D game turns it off before Run() (or sets ORV_2D=1):
+    /// a software rasteriser then fills much faster, and what is drawn later
+    /// (the tree order) is on top.
     void SetDepthAndStencil(bool on) { m_depthAndStencil = on; }
     bool GetDepthAndStencil() const { return m_depthAndStencil; }
 
-    // The screen box is the part of the plane z = 0 that the world camera sees;
-    // false while the camera or the box is missing.
+    /// The screen box is the part of the plane z = 0 that the world camera sees;
+    /// false while the camera or the box is missing.
     bool UpdateScreenBox();
-    // The direct children of the world root that are on screen, in child order.
+    /// The direct children of the world root that are on screen, in child order.
     OrvTObjectArray<OrvGameAsset*> GetOnScreenGameAssets() const;
 
-    // Debug markers live under their own root, drawn after the world tree.
-    // A debug sprite is a widget with a flat colour, its quad scaled by `size`
-    // (2 × size wide); throws OrvRendererException when the material shelf
-    // has no renderer. Deleting an asset that is not a debug child does nothing.
+    /// Debug markers live under their own root, drawn after the world tree.
+    /// A debug sprite is a widget with a flat colour, its quad scaled by `size`
+    /// (2 × size wide); throws OrvRendererException when the material shelf
+    /// has no renderer. Deleting an asset that is not a debug child does nothing.
     OrvWidget* CreateDebugSprite(const OrvVector3D& position, const OrvColor& color, float size);
     void DeleteDebugGameAsset(OrvGameAsset* asset);
     void DeleteAllDebugGameAssets();
     void RenderDebugGameAssets(bool render);
 
-    // Cursors are updated after the game trees and drawn on top of the HUD;
-    // the list does not own them.
+    /// Cursors are updated after the game trees and drawn on top of the HUD;
+    /// the list does not own them.
     void AddCursor(OrvCursor* cursor);
     OrvCursor* GetCursor(unsigned int index) const;
     unsigned int GetCursorCount() const;
@@ -148,18 +148,18 @@ public:
 private:
     void ReportFocusChanges();
     OrvGameAsset* CreateRoot(const char* name);
-    // Destroys every game asset, the roots included.
+    /// Destroys every game asset, the roots included.
     void DestroyGameAssets();
-    // The one way the engine is taken down, by Term and by the destructor:
-    // the game's assets first (they lean on every manager), then the
-    // managers in the reverse of their making. Term keeps the game asset
-    // manager and the material shelf (the shelf then knows no renderer);
-    // the destructor releases everything.
+    /// The one way the engine is taken down, by Term and by the destructor:
+    /// the game's assets first (they lean on every manager), then the
+    /// managers in the reverse of their making. Term keeps the game asset
+    /// manager and the material shelf (the shelf then knows no renderer);
+    /// the destructor releases everything.
     void Release(bool keepAssetManagerAndShelf);
 
-    // Owned parts, declared in the order they are made, each after what it
-    // leans on: released in reverse, nothing outlives what it uses. The game
-    // asset manager comes last so that the assets go first.
+    /// Owned parts, declared in the order they are made, each after what it
+    /// leans on: released in reverse, nothing outlives what it uses. The game
+    /// asset manager comes last so that the assets go first.
     std::unique_ptr<OrvRenderWindow> m_window;
     std::unique_ptr<OrvFileManager> m_fileManager;
     std::unique_ptr<OrvRenderer> m_renderer;
@@ -168,8 +168,8 @@ private:
     std::unique_ptr<OrvTextureManager> m_textureManager;
     std::unique_ptr<OrvMaterialShelf> m_materialShelf;
     std::unique_ptr<OrvMessageManager> m_messageManager;
-    // The listener's own link (m_inputManager) points at it while the
-    // application is registered.
+    /// The listener's own link (m_inputManager) points at it while the
+    /// application is registered.
     std::unique_ptr<OrvInputManager> m_inputManagerOwned;
     std::unique_ptr<OrvSpriteManager> m_spriteManager;
     std::unique_ptr<OrvTimerManager> m_timerManager;

@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Array Exception".
+/// Display name: "Orv Array Exception".
 ORV_DECLARE_EXCEPTION(OrvArrayException);
 
 #endif

@@ -3,7 +3,7 @@
 
 #include "OrvTextFieldDesc.h"
 
-// What a completing text field is created from: a text field's record.
+/// What a completing text field is created from: a text field's record.
 struct OrvAutoTextFieldDesc : public OrvTextFieldDesc
 {
     OrvAutoTextFieldDesc();

@@ -3,8 +3,8 @@
 
 #include "OrvImageFile.h"
 
-// Reader of 24-bit BMP images into RGB pixels, rows in file order. A game uses
-// it through a class of its own that supplies ResetImageData.
+/// Reader of 24-bit BMP images into RGB pixels, rows in file order. A game uses
+/// it through a class of its own that supplies ResetImageData.
 class OrvBMPImageFile : public OrvImageFile
 {
 public:
@@ -13,7 +13,7 @@ public:
 
     void Load(const OrvUnicode& name, const OrvUnicode& path) override;
     using OrvImageFile::Save;
-    // Writes nothing.
+    /// Writes nothing.
     virtual void Save(const OrvUnicode& name);
 };
 

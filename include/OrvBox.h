@@ -9,42 +9,42 @@ class OrvColorMaterial;
 class OrvMaterialShelf;
 class OrvRenderer;
 
-// An oriented box: eight local corner points and their world images under a
-// transform. Point 0 to 3 are the face z = -1 (top-left, top-right,
-// bottom-right, bottom-left, Y up), 4 to 7 the face z = 1 in the same order.
-// Collision and containment work in the XY plane. It draws its edges with a
-// colour material of the application's material shelf, like OrvAxisAlignedBox.
+/// An oriented box: eight local corner points and their world images under a
+/// transform. Point 0 to 3 are the face z = -1 (top-left, top-right,
+/// bottom-right, bottom-left, Y up), 4 to 7 the face z = 1 in the same order.
+/// Collision and containment work in the XY plane. It draws its edges with a
+/// colour material of the application's material shelf, like OrvAxisAlignedBox.
 class OrvBox
 {
 public:
-    // All points at (0, 0, 0) until Reset.
+    /// All points at (0, 0, 0) until Reset.
     explicit OrvBox(OrvRenderer* renderer);
     OrvBox(const OrvBox&) = delete;
-    // Copies renderer, axes and direction minima and maxima only.
+    /// Copies renderer, axes and direction minima and maxima only.
     OrvBox& operator=(const OrvBox& other);
     virtual ~OrvBox();
 
-    // The unit corners (-1..1), identity transform, world points = local points.
+    /// The unit corners (-1..1), identity transform, world points = local points.
     void Reset();
-    // Moves the world points by `m`; nothing when `m` is the stored transform.
+    /// Moves the world points by `m`; nothing when `m` is the stored transform.
     void Transform(const OrvMatrix& m);
     void RefreshWorldPoints();
-    // Local point i, 0 to 7.
+    /// Local point i, 0 to 7.
     const OrvVector3D& GetPoint(unsigned int index) const { return m_points[index & 7]; }
     const OrvVector3D& GetWorldPoint(unsigned int index) const { return m_worldPoints[index & 7]; }
-    // Edge i (0 to 3) is world point i + 1 minus world point i; edge 4 is
-    // point 3 minus point 0; any other (0, 0, 0).
+    /// Edge i (0 to 3) is world point i + 1 minus world point i; edge 4 is
+    /// point 3 minus point 0; any other (0, 0, 0).
     OrvVector3D GetEdge(unsigned int index) const;
     void ProjectToAxis(const OrvVector3D& axis, float& minimum, float& maximum) const;
-    // Separating axes in the XY plane; touching counts.
+    /// Separating axes in the XY plane; touching counts.
     bool IsCollidingWorld(OrvBox* other);
-    // Inside the face of world points 0 to 3 (edges count as inside).
+    /// Inside the face of world points 0 to 3 (edges count as inside).
     bool ContainsWorld(const OrvVector3D& point);
 
-    // Index 0 to 2, else OrvException.
+    /// Index 0 to 2, else OrvException.
     void SetDirectionAxe(unsigned int index, const OrvVector3D& axis);
     const OrvVector3D& GetDirectionAxe(unsigned int index) const;
-    // Do nothing.
+    /// Do nothing.
     void SetDirectionMin(unsigned int index, float value, bool refresh);
     void SetDirectionMax(unsigned int index, float value, bool refresh);
     float GetDirectionMin(unsigned int index) const;
@@ -60,8 +60,8 @@ public:
 
     void SetRenderColor(const OrvColor& color);
     OrvColor GetRenderColor() const;
-    // The edges of the local points, inside the current model transform
-    // (segments 4-0 and 6-5 are not drawn).
+    /// The edges of the local points, inside the current model transform
+    /// (segments 4-0 and 6-5 are not drawn).
     void Render();
 
 private:

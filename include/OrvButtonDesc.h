@@ -5,8 +5,8 @@
 #include "OrvLabelDesc.h"
 #include "OrvWidgetDesc.h"
 
-// What a button is created from: its label's record and the colours of its
-// quad and text when idle, hovered and pressed.
+/// What a button is created from: its label's record and the colours of its
+/// quad and text when idle, hovered and pressed.
 struct OrvButtonDesc : public OrvWidgetDesc
 {
     OrvButtonDesc();

@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Cg Exception".
+/// Display name: "Orv Cg Exception".
 ORV_DECLARE_EXCEPTION(OrvCgException);
 
 #endif

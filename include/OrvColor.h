@@ -1,17 +1,17 @@
 #ifndef ORV_COLOR_H
 #define ORV_COLOR_H
 
-// A colour as four floats, nominally 0 to 1 (never clamped). The fields lie in
-// memory as red, blue, green, alpha, while every argument list reads red,
-// green, blue, alpha: whatever hands a colour to a shader goes through the
-// getters.
+/// A colour as four floats, nominally 0 to 1 (never clamped). The fields lie in
+/// memory as red, blue, green, alpha, while every argument list reads red,
+/// green, blue, alpha: whatever hands a colour to a shader goes through the
+/// getters.
 class OrvColor
 {
 public:
-    // Opaque black.
+    /// Opaque black.
     OrvColor();
     OrvColor(float red, float green, float blue, float alpha);
-    // 0..255 a channel, each multiplied by 1/255 (not clamped).
+    /// 0..255 a channel, each multiplied by 1/255 (not clamped).
     OrvColor(int red, int green, int blue, int alpha);
     OrvColor(const OrvColor& other) = default;
     virtual ~OrvColor();

@@ -4,15 +4,15 @@
 #include "OrvColor.h"
 #include "OrvMaterial.h"
 
-// A flat colour, blended by its alpha, drawn with "ColorShader.txt". A new one
-// is white with alpha 0: it draws nothing until given a colour.
+/// A flat colour, blended by its alpha, drawn with "ColorShader.txt". A new one
+/// is white with alpha 0: it draws nothing until given a colour.
 class OrvColorMaterial : public OrvMaterial
 {
 public:
     explicit OrvColorMaterial(OrvRenderer* renderer);
     ~OrvColorMaterial() override;
 
-    // The colour goes to pass 0 as "in_f4Color" (red, green, blue, alpha).
+    /// The colour goes to pass 0 as "in_f4Color" (red, green, blue, alpha).
     void SetPassParameters(unsigned int pass) override;
 
     void SetColor(const OrvColor& color) { m_color = color; }

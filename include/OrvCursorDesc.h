@@ -3,7 +3,7 @@
 
 #include "OrvWidgetDesc.h"
 
-// What a cursor is created from: a widget's record, nothing more.
+/// What a cursor is created from: a widget's record, nothing more.
 struct OrvCursorDesc : public OrvWidgetDesc
 {
     OrvCursorDesc();

@@ -3,7 +3,7 @@
 
 #include "OrvTime.h"
 
-// Profiling timer kept for source compatibility; its operations do nothing.
+/// Profiling timer kept for source compatibility; its operations do nothing.
 class OrvDbgTimer
 {
 public:

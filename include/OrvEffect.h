@@ -7,32 +7,32 @@ class OrvEffectManager;
 class OrvFileManager;
 typedef struct OrvCgProgramHandle* CGprogram;
 
-// A vertex and a fragment program compiled from source files found through
-// the file manager; entries "VSMain" and "FSMain". To declare an effect is to
-// compile and load its programs, to undeclare it to unload and destroy them.
-// An effect declared while no file manager can be reached waits (deferred)
-// until one of the deferred operations declares it.
+/// A vertex and a fragment program compiled from source files found through
+/// the file manager; entries "VSMain" and "FSMain". To declare an effect is to
+/// compile and load its programs, to undeclare it to unload and destroy them.
+/// An effect declared while no file manager can be reached waits (deferred)
+/// until one of the deferred operations declares it.
 class OrvEffect
 {
 public:
-    // Declared through the manager's renderer at once when `manager` is not null.
+    /// Declared through the manager's renderer at once when `manager` is not null.
     OrvEffect(OrvEffectManager* manager, const OrvUnicode& vsPath, const OrvUnicode& fsPath);
     OrvEffect(const OrvEffect&) = delete;
     OrvEffect& operator=(const OrvEffect&) = delete;
-    // Undeclared through the manager's renderer when there is a manager.
+    /// Undeclared through the manager's renderer when there is a manager.
     virtual ~OrvEffect();
 
-    // 1: declared (now or before); 2: deferred, no file manager reachable;
-    // 0: not declared. Compile errors throw OrvCgException.
+    /// 1: declared (now or before); 2: deferred, no file manager reachable;
+    /// 0: not declared. Compile errors throw OrvCgException.
     int Declare();
-    // Always true.
+    /// Always true.
     bool UnDeclare();
 
     void DeferDeclaration(bool defer);
-    // Declares; the deferred bit goes when that worked, or when it failed
-    // and `keepWaiting` is false. True when declared.
+    /// Declares; the deferred bit goes when that worked, or when it failed
+    /// and `keepWaiting` is false. True when declared.
     bool ExecuteDefferedDeclaration(bool keepWaiting);
-    // True at once when nothing waits; otherwise ExecuteDefferedDeclaration.
+    /// True at once when nothing waits; otherwise ExecuteDefferedDeclaration.
     bool MonitorDefferedDeclaration(bool keepWaiting);
 
     bool Declared() const { return (m_state & kDeclared) != 0; }

@@ -7,23 +7,23 @@ class OrvEffect;
 class OrvRenderer;
 class OrvUnicode;
 
-// Keeps one effect per distinct pair of source paths, shared by every pass
-// that names it, and declares them all anew after a context change.
+/// Keeps one effect per distinct pair of source paths, shared by every pass
+/// that names it, and declares them all anew after a context change.
 class OrvEffectManager
 {
 public:
     explicit OrvEffectManager(OrvRenderer* renderer);
     OrvEffectManager(const OrvEffectManager&) = delete;
     OrvEffectManager& operator=(const OrvEffectManager&) = delete;
-    // Undeclares and deletes every effect: they belong to the renderer's
-    // shader context, which goes with the renderer.
+    /// Undeclares and deletes every effect: they belong to the renderer's
+    /// shader context, which goes with the renderer.
     virtual ~OrvEffectManager();
 
-    // The first effect of exactly these two paths (letter case counts), or null.
+    /// The first effect of exactly these two paths (letter case counts), or null.
     OrvEffect* GetEffect(const OrvUnicode& vsPath, const OrvUnicode& fsPath) const;
-    // The shared effect of the pair, made (and declared) when new.
+    /// The shared effect of the pair, made (and declared) when new.
     OrvEffect* CreateEffect(const OrvUnicode& vsPath, const OrvUnicode& fsPath);
-    // Undeclares every effect, replaces the shader context, declares every effect.
+    /// Undeclares every effect, replaces the shader context, declares every effect.
     void RedeclareEffects();
 
     OrvRenderer* GetRenderer() const { return m_renderer; }

@@ -4,13 +4,13 @@
 #include <memory>
 #include <string>
 
-// The engine's only failure channel. Every failure throws, by value, a member of
-// this family built from a message, the path of the throwing source (relative
-// to the engine's source root, without extension) and the line.
-//
-// A message is a literal, or a text built at run time (one naming a file,
-// say): the exception then keeps that text itself, shared by its copies, and
-// `message` points into it for as long as one of them lives.
+/// The engine's only failure channel. Every failure throws, by value, a member of
+/// this family built from a message, the path of the throwing source (relative
+/// to the engine's source root, without extension) and the line.
+///
+/// A message is a literal, or a text built at run time (one naming a file,
+/// say): the exception then keeps that text itself, shared by its copies, and
+/// `message` points into it for as long as one of them lives.
 class OrvException
 {
 public:
@@ -21,7 +21,7 @@ public:
     OrvException& operator=(const OrvException& other);
     virtual ~OrvException();
 
-    // Hook through which a game may print an exception; does nothing here.
+    /// Hook through which a game may print an exception; does nothing here.
     virtual void Report();
 
     const char* message;
@@ -34,7 +34,7 @@ protected:
     OrvException(const std::string& message, const char* file, int line, const char* displayName);
 
 private:
-    // The text `message` points into when it was built at run time.
+    /// The text `message` points into when it was built at run time.
     std::shared_ptr<const std::string> m_text;
 };
 

@@ -18,10 +18,10 @@ enum OrvFileAcces : int
     FILE_WRITE = 1  // "wb"
 };
 
-// Base of every file the engine reads or writes. A file is found by name inside
-// the registered big files first, then along the media paths, "./name" and the
-// bare name. Subclasses call Load or Save of this class first, then read or
-// write, then Close.
+/// Base of every file the engine reads or writes. A file is found by name inside
+/// the registered big files first, then along the media paths, "./name" and the
+/// bare name. Subclasses call Load or Save of this class first, then read or
+/// write, then Close.
 class OrvFile
 {
 public:
@@ -32,13 +32,13 @@ public:
     };
 
     OrvFile();
-    // Copies manager, ID, size, name, path and the data; the copy has no stream
-    // of its own.
+    /// Copies manager, ID, size, name, path and the data; the copy has no stream
+    /// of its own.
     OrvFile(const OrvFile& other);
     OrvFile& operator=(const OrvFile& other);
     virtual ~OrvFile();
 
-    // Only the first call counts.
+    /// Only the first call counts.
     virtual void Create(OrvFileManager* manager, unsigned int id);
     virtual void Load(const OrvUnicode& name, const OrvUnicode& path);
     virtual void Save(const OrvUnicode& name, SAVE_OPTION option);
@@ -47,7 +47,7 @@ public:
     void Close();
     void Read(void* buffer, long size, long count);
     void Write(const void* buffer, unsigned long size, unsigned long count);
-    // One byte per character, in writes of at most 512 bytes.
+    /// One byte per character, in writes of at most 512 bytes.
     void WriteUnicodeAsASCII(const OrvUnicode& text);
     void Rewind();
 
@@ -62,10 +62,10 @@ public:
     OrvUnicode GetExtension() const { return m_extension; }
 
 protected:
-    // Runs a reader's work. What a reader cannot hold (memory it cannot get,
-    // a length beyond what a container takes) refuses the file with
-    // OrvFileException naming it, the file closed: a bad file never ends the
-    // game with an exception from outside the engine.
+    /// Runs a reader's work. What a reader cannot hold (memory it cannot get,
+    /// a length beyond what a container takes) refuses the file with
+    /// OrvFileException naming it, the file closed: a bad file never ends the
+    /// game with an exception from outside the engine.
     template <class Work>
     void Guarded(Work work)
     {
@@ -83,18 +83,18 @@ protected:
         }
     }
 
-    // Closes the file and throws OrvFileException naming it (without the
-    // name when even that much memory is missing).
+    /// Closes the file and throws OrvFileException naming it (without the
+    /// name when even that much memory is missing).
     [[noreturn]] void Refuse(const char* what);
 
-    // Reads the whole opened file (GetSize() bytes) into a new buffer and
-    // closes the file, also when the read fails.
+    /// Reads the whole opened file (GetSize() bytes) into a new buffer and
+    /// closes the file, also when the read fails.
     std::unique_ptr<unsigned char[]> ReadWholeFile();
-    // Replaces the data buffer with a fresh one of `bytes` bytes (zeroed).
+    /// Replaces the data buffer with a fresh one of `bytes` bytes (zeroed).
     unsigned char* AllocateData(unsigned long bytes);
     void FreeData();
-    // "<what> : <file name>": the message of an OrvFileException that names
-    // this file.
+    /// "<what> : <file name>": the message of an OrvFileException that names
+    /// this file.
     std::string MessageNaming(const char* what) const;
 
     OrvFileManager* m_fileManager;

@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv File Exception".
+/// Display name: "Orv File Exception".
 ORV_DECLARE_EXCEPTION(OrvFileException);
 
 #endif

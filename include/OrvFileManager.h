@@ -10,8 +10,8 @@
 class OrvBigFile;
 class OrvFile;
 
-// Registry of the files created for the engine (owned; also a cache keyed by
-// name), the media paths searched for files and the big files searched first.
+/// Registry of the files created for the engine (owned; also a cache keyed by
+/// name), the media paths searched for files and the big files searched first.
 class OrvFileManager
 {
 public:
@@ -23,27 +23,27 @@ public:
     void AddOrvFile(OrvFile* file);
     void DeleteOrvFile(OrvFile* file);
     void DeleteAllFiles();
-    // First registered file of that exact name, or null.
+    /// First registered file of that exact name, or null.
     OrvFile* GetFile(const OrvUnicode& name) const;
     unsigned int GetFileCount() const { return m_fileCount; }
     unsigned int GetFileCapacity() const { return m_fileCapacity; }
     OrvFile* GetFileAt(unsigned int index) const { return index < m_fileCount ? m_files[index] : nullptr; }
 
-    // Appends "/" unless the path is empty or already ends with "/" or "\".
+    /// Appends "/" unless the path is empty or already ends with "/" or "\".
     void AddMediaPath(const OrvUnicode& path);
     unsigned int GetMediaPathCount() const;
     OrvUnicode GetMediaPath(unsigned int index) const;
 
-    // Registers (or reuses) the archive of that name and searches it before the disk.
+    /// Registers (or reuses) the archive of that name and searches it before the disk.
     OrvBigFile* AddBigFile(const OrvUnicode& name);
     unsigned int GetBigFileCount() const { return m_bigFiles.GetCount(); }
     long GetFileSizeFromBigFile(const OrvUnicode& name) const;
     long GetFileDataFromBigFile(const OrvUnicode& name, char* buffer, long length) const;
 
-    // The loading sequence of every media file: the registered file of that
-    // name, else a new T created with the next ID, registered and loaded. A
-    // file that fails to load is not kept: asking again tries again (and
-    // fails again) instead of finding an empty file.
+    /// The loading sequence of every media file: the registered file of that
+    /// name, else a new T created with the next ID, registered and loaded. A
+    /// file that fails to load is not kept: asking again tries again (and
+    /// fails again) instead of finding an empty file.
     template <class T>
     T* GetOrLoad(const OrvUnicode& name, const OrvUnicode& path = OrvUnicode(""))
     {
@@ -78,7 +78,7 @@ public:
         return file;
     }
 
-    // The last file ID handed out; the next file gets LastFileID + 1.
+    /// The last file ID handed out; the next file gets LastFileID + 1.
     unsigned int LastFileID;
 
 private:

@@ -15,14 +15,14 @@ enum OrvFontAlign : int
     FONT_ALIGN_CENTER = 1
 };
 
-// Text drawn with a fixed-cell bitmap font: one texture holds every glyph in a
-// grid (codes 32 to 255 in cells 0 to 223, row by row from the image's top;
-// any other code shows cell 254), each character one textured quad in the
-// current model space. A font holds a user of its texture until it is
-// destroyed, which must happen while the application's texture manager
-// exists (in OnTerminate at the latest). Line n is drawn 2 × symbol height × size lower than
-// line 0; a left-aligned line's first character is centred on x = 0. Fonts
-// are not copied.
+/// Text drawn with a fixed-cell bitmap font: one texture holds every glyph in a
+/// grid (codes 32 to 255 in cells 0 to 223, row by row from the image's top;
+/// any other code shows cell 254), each character one textured quad in the
+/// current model space. A font holds a user of its texture until it is
+/// destroyed, which must happen while the application's texture manager
+/// exists (in OnTerminate at the latest). Line n is drawn 2 × symbol height × size lower than
+/// line 0; a left-aligned line's first character is centred on x = 0. Fonts
+/// are not copied.
 class OrvFont
 {
 public:
@@ -40,19 +40,19 @@ public:
     OrvFont& operator=(const OrvFont& other);
     virtual ~OrvFont();
 
-    // Loads the glyph image into a new texture and builds the material. Throws
-    // OrvException when the font was created already.
+    /// Loads the glyph image into a new texture and builds the material. Throws
+    /// OrvException when the font was created already.
     void Create(OrvApplication* application, const OrvFontDesc& desc);
     void LoadTexture();
 
     void RenderText(const char* text, OrvFontAlign align) const;
-    // At most 256 lines.
+    /// At most 256 lines.
     void RenderUnicode(const OrvUnicode& text, OrvFontAlign align) const;
     void RenderUnicodeChunk(const OrvUnicode& line, OrvFontAlign align, unsigned int lineIndex) const;
-    // Lines end before LF, CR LF and NUL; the first line always starts at 0.
+    /// Lines end before LF, CR LF and NUL; the first line always starts at 0.
     static void GetUnicodeChunks(const OrvUnicode& text, unicode_chunk_struct* chunks, unsigned int maxChunks,
                                  unsigned int& chunkCount);
-    // The grid cell a character code is drawn with.
+    /// The grid cell a character code is drawn with.
     static unsigned int GetGlyphCell(unsigned int code);
 
     void SetSizeCoef(float coefficient) { m_sizeCoef = coefficient; }

@@ -3,9 +3,9 @@
 
 #include "OrvUnicode.h"
 
-// What a bitmap font is made from: its glyph image and the sizes, in pixels,
-// of the image and of one cell; the spacing and a size coefficient applied
-// when drawing.
+/// What a bitmap font is made from: its glyph image and the sizes, in pixels,
+/// of the image and of one cell; the spacing and a size coefficient applied
+/// when drawing.
 struct OrvFontDesc
 {
     OrvFontDesc();

@@ -6,14 +6,14 @@
 
 class OrvGameAssetManager;
 
-// What a game asset is created from. Records of derived assets extend it.
+/// What a game asset is created from. Records of derived assets extend it.
 struct OrvGameAssetDesc
 {
     OrvGameAssetDesc();
 
-    // Filled by the manager that creates the asset.
+    /// Filled by the manager that creates the asset.
     OrvGameAssetManager* manager;
-    // 0 lets the manager choose the next free number.
+    /// 0 lets the manager choose the next free number.
     int ID;
     OrvUnicode name;
     OrvUnicode type;

@@ -10,35 +10,35 @@
 class OrvApplication;
 class OrvGameAsset;
 
-// Creates every game asset from its descriptor with a unique ID, owns them,
-// and destroys those marked for deletion at the clean-ups (before each render
-// pass when something was marked, and at the end of every turn).
-//
-// Before destroying anything a clean-up unties each marked asset from an
-// unmarked parent, and each unmarked asset from a marked parent, so that no
-// tree keeps a pointer to a destroyed asset. The manager's destructor
-// destroys the assets still registered.
-//
-// Creating, registering and marking take constant time whatever the number
-// of assets (an index of the registered pointers and of the IDs in use sits
-// beside the list); a clean-up walks the list only when something was
-// marked since the last one, and takes the marked assets off it in one pass.
+/// Creates every game asset from its descriptor with a unique ID, owns them,
+/// and destroys those marked for deletion at the clean-ups (before each render
+/// pass when something was marked, and at the end of every turn).
+///
+/// Before destroying anything a clean-up unties each marked asset from an
+/// unmarked parent, and each unmarked asset from a marked parent, so that no
+/// tree keeps a pointer to a destroyed asset. The manager's destructor
+/// destroys the assets still registered.
+///
+/// Creating, registering and marking take constant time whatever the number
+/// of assets (an index of the registered pointers and of the IDs in use sits
+/// beside the list); a clean-up walks the list only when something was
+/// marked since the last one, and takes the marked assets off it in one pass.
 class OrvGameAssetManager
 {
 public:
     explicit OrvGameAssetManager(OrvApplication* application);
-    // Shares the assets (and destroys none of them), the application and the
-    // last ID; nothing to clean up.
+    /// Shares the assets (and destroys none of them), the application and the
+    /// last ID; nothing to clean up.
     OrvGameAssetManager(const OrvGameAssetManager& other);
-    // Refused: throws OrvException, the manager unchanged.
+    /// Refused: throws OrvException, the manager unchanged.
     OrvGameAssetManager& operator=(const OrvGameAssetManager& other);
     virtual ~OrvGameAssetManager();
 
-    // A new T created from a copy of `desc` (with this manager) and registered.
-    // ID 0 takes the next automatic ID; another ID is kept (the automatic ones
-    // then go on above it) unless an asset has it already, which throws
-    // OrvException and creates nothing. With `forceNewID` the next automatic
-    // ID is taken whatever the descriptor says. The asset has no parent.
+    /// A new T created from a copy of `desc` (with this manager) and registered.
+    /// ID 0 takes the next automatic ID; another ID is kept (the automatic ones
+    /// then go on above it) unless an asset has it already, which throws
+    /// OrvException and creates nothing. With `forceNewID` the next automatic
+    /// ID is taken whatever the descriptor says. The asset has no parent.
     template <class T, class D>
     T* CreateGameAsset(D* desc, bool forceNewID = false)
     {
@@ -76,26 +76,26 @@ public:
         return asset;
     }
 
-    // Registers an asset once.
+    /// Registers an asset once.
     void AddGameAsset(OrvGameAsset* asset);
     OrvGameAsset* GetGameAsset(unsigned int index) const { return m_gameAssets[index]; }
     unsigned int GetGameAssetCount() const { return m_gameAssets.GetSize(); }
     OrvGameAsset* GetGameAssetByID(int id) const;
-    // A registered asset has that ID.
+    /// A registered asset has that ID.
     bool HasID(int id) const { return m_idCounts.find(id) != m_idCounts.end(); }
     bool IsRegistered(const OrvGameAsset* asset) const { return m_registered.count(asset) != 0; }
-    // Marks a registered asset and its subtree; anything else is ignored.
+    /// Marks a registered asset and its subtree; anything else is ignored.
     void DeleteGameAsset(OrvGameAsset* asset);
     void DeleteGameAssetByID(int id);
-    // Destroys the marked assets, again while destructors mark more.
+    /// Destroys the marked assets, again while destructors mark more.
     void CleanUp();
-    // CleanUp when something was marked since the last one.
+    /// CleanUp when something was marked since the last one.
     void MonitorCleanUp();
     bool CleanUpNeeded() const { return m_cleanUpNeeded; }
-    // One of this manager's assets was marked (OrvGameAsset::SetToDelete
-    // says so): the next clean-up has work.
+    /// One of this manager's assets was marked (OrvGameAsset::SetToDelete
+    /// says so): the next clean-up has work.
     void NoteMarked() { m_cleanUpNeeded = true; }
-    // Destroys every registered asset.
+    /// Destroys every registered asset.
     void DeleteGameAssets();
 
     OrvApplication* GetApplication() const { return m_application; }
@@ -103,16 +103,16 @@ public:
 
 private:
     void UntieMarkedAssets();
-    // Takes the asset out of the indexes (not off the list).
+    /// Takes the asset out of the indexes (not off the list).
     void Forget(const OrvGameAsset* asset);
 
     OrvApplication* m_application;
     OrvTArray<OrvGameAsset> m_gameAssets;
     int m_lastID;
     bool m_cleanUpNeeded;
-    // False for a copy: it destroys nothing it shares.
+    /// False for a copy: it destroys nothing it shares.
     bool m_ownsAssets;
-    // The list's members, and how many registered assets hold each ID.
+    /// The list's members, and how many registered assets hold each ID.
     std::unordered_set<const OrvGameAsset*> m_registered;
     std::unordered_map<int, unsigned int> m_idCounts;
 };

@@ -6,9 +6,9 @@
 class OrvGameAsset;
 class OrvMessage;
 
-// A behaviour of a game asset: a game derives its states from this class and
-// registers them with the asset's state machine. The state also sees every
-// message its asset handles while it is the current or the global state.
+/// A behaviour of a game asset: a game derives its states from this class and
+/// registers them with the asset's state machine. The state also sees every
+/// message its asset handles while it is the current or the global state.
 class OrvGameAssetState : public OrvTState<OrvGameAsset>
 {
 public:
@@ -18,7 +18,7 @@ public:
     OrvGameAssetState& operator=(const OrvGameAssetState& other) = default;
     ~OrvGameAssetState() override;
 
-    // The answer is not examined by the engine.
+    /// The answer is not examined by the engine.
     virtual bool OnMessage(OrvMessage* message) = 0;
 
     OrvGameAsset* GetOwner() const { return m_owner; }

@@ -4,8 +4,8 @@
 
 #include "OrvFile.h"
 
-// An image: width, height, pixel format and the pixel bytes in the data buffer,
-// row after row in the order of the source file, without padding.
+/// An image: width, height, pixel format and the pixel bytes in the data buffer,
+/// row after row in the order of the source file, without padding.
 class OrvImageFile : public OrvFile
 {
 public:
@@ -18,7 +18,7 @@ public:
     OrvImageFile();
     ~OrvImageFile() override;
 
-    // Sizes the data buffer for the current width, height and pixel size.
+    /// Sizes the data buffer for the current width, height and pixel size.
     virtual void ResetImageData() = 0;
 
     void SetWidth(unsigned int width) { m_width = width; }
@@ -26,13 +26,13 @@ public:
     void SetHeight(unsigned int height) { m_height = height; }
     unsigned int GetHeight() const { return m_height; }
     PIXEL_FORMAT GetPixelFormat() const { return m_pixelFormat; }
-    // Bytes of pixels the data buffer holds.
+    /// Bytes of pixels the data buffer holds.
     unsigned long GetImageDataSize() const { return m_imageDataBytes; }
 
 protected:
-    // A fresh zeroed pixel buffer of `bytes` bytes.
+    /// A fresh zeroed pixel buffer of `bytes` bytes.
     unsigned char* AllocateImageData(unsigned long bytes);
-    // width x height x bytesPerPixel; false when it does not fit.
+    /// width x height x bytesPerPixel; false when it does not fit.
     static bool ImageBytes(unsigned long width, unsigned long height, unsigned long bytesPerPixel,
                            unsigned long& bytes);
 

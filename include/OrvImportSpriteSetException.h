@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Import Sprite Set Exception".
+/// Display name: "Orv Import Sprite Set Exception".
 ORV_DECLARE_EXCEPTION(OrvImportSpriteSetException);
 
 #endif

@@ -17,10 +17,10 @@ enum OrvInputEventType : int
     INPUT_JOYPAD_HAT = 9
 };
 
-// One change of a device, short-lived: its producer builds it, hands it to the
-// input manager and drops it after dispatch. Building a typed event updates
-// its device's state first, so listeners already see the new state. Mouse
-// motion and wheel events are plain events: the device holds the values.
+/// One change of a device, short-lived: its producer builds it, hands it to the
+/// input manager and drops it after dispatch. Building a typed event updates
+/// its device's state first, so listeners already see the new state. Mouse
+/// motion and wheel events are plain events: the device holds the values.
 class OrvInputEvent
 {
 public:

@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Input Exception".
+/// Display name: "Orv Input Exception".
 ORV_DECLARE_EXCEPTION(OrvInputException);
 
 #endif

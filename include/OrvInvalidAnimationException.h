@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Invalid Animation Exception".
+/// Display name: "Orv Invalid Animation Exception".
 ORV_DECLARE_EXCEPTION(OrvInvalidAnimationException);
 
 #endif

@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Invalid Matrix Exception".
+/// Display name: "Orv Invalid Matrix Exception".
 ORV_DECLARE_EXCEPTION(OrvInvalidMatrixException);
 
 #endif

@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Invalid Sprite Exception".
+/// Display name: "Orv Invalid Sprite Exception".
 ORV_DECLARE_EXCEPTION(OrvInvalidSpriteException);
 
 #endif

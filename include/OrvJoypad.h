@@ -40,8 +40,8 @@ enum OrvJoypadHatPosition : int
     HAT_LEFT_DOWN
 };
 
-// Two sticks (four axes in -1..1), twelve buttons and a hat. Readings within
-// the dead zone count as 0.
+/// Two sticks (four axes in -1..1), twelve buttons and a hat. Readings within
+/// the dead zone count as 0.
 class OrvJoypad : public OrvInputDevice
 {
 public:
@@ -53,18 +53,18 @@ public:
     ~OrvJoypad() override;
 
     int GetJoypadIndex() const { return m_joypadIndex; }
-    // Clamped to [-1, 1]; axes outside 0..3 are ignored (and read as 0).
+    /// Clamped to [-1, 1]; axes outside 0..3 are ignored (and read as 0).
     void SetAxisValue(OrvJoypadAxis axis, float value);
     float GetAxisValue(OrvJoypadAxis axis) const;
-    // Buttons outside 0..11 are ignored (and read as up).
+    /// Buttons outside 0..11 are ignored (and read as up).
     void SetButtonState(OrvJoypadButton button, bool down);
     bool IsButtonDown(OrvJoypadButton button) const;
     void SetHatPosition(OrvJoypadHatPosition position) { m_hat = position; }
     OrvJoypadHatPosition GetHatPosition() const { return m_hat; }
-    // Stores min(|zone|, 1).
+    /// Stores min(|zone|, 1).
     void SetDeadZone(float zone);
     float GetDeadZone() const { return m_deadZone; }
-    // Axes to 0 and buttons up; hat, dead zone and index stay.
+    /// Axes to 0 and buttons up; hat, dead zone and index stay.
     void Reset();
 
     static OrvUnicode GetButtonText(OrvJoypadButton button);

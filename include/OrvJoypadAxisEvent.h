@@ -4,13 +4,13 @@
 #include "OrvInputEvent.h"
 #include "OrvJoypad.h"
 
-// An axis moved; the joypad already holds the new value, the event carries the
-// change against the previous one.
+/// An axis moved; the joypad already holds the new value, the event carries the
+/// change against the previous one.
 class OrvJoypadAxisEvent : public OrvInputEvent
 {
 public:
     OrvJoypadAxisEvent();
-    // INPUT_JOYPAD_AXIS only, else OrvInputException.
+    /// INPUT_JOYPAD_AXIS only, else OrvInputException.
     OrvJoypadAxisEvent(OrvInputEventType type, OrvJoypad* joypad, OrvJoypadAxis axis, float velocity);
     OrvJoypadAxisEvent(const OrvJoypadAxisEvent& other) = default;
     OrvJoypadAxisEvent& operator=(const OrvJoypadAxisEvent& other) = default;

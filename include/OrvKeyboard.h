@@ -3,7 +3,7 @@
 
 #include "OrvInputDevice.h"
 
-// The keys the engine knows; any int is held, KEY_UNKNOWN and above have no state.
+/// The keys the engine knows; any int is held, KEY_UNKNOWN and above have no state.
 enum OrvKey : int
 {
     KEY_ESCAPE = 0,
@@ -24,7 +24,7 @@ enum OrvKey : int
     KEY_UNKNOWN
 };
 
-// The state of every key, up or down.
+/// The state of every key, up or down.
 class OrvKeyboard : public OrvInputDevice
 {
 public:
@@ -33,11 +33,11 @@ public:
     OrvKeyboard();
     ~OrvKeyboard() override;
 
-    // Keys outside 0..104 are ignored (and read as up).
+    /// Keys outside 0..104 are ignored (and read as up).
     void SetKeyState(OrvKey key, bool down);
     bool IsKeyDown(OrvKey key) const;
 
-    // The key's name for key-binding screens; "105" for KEY_UNKNOWN and above.
+    /// The key's name for key-binding screens; "105" for KEY_UNKNOWN and above.
     static OrvUnicode GetKeyText(OrvKey key);
 
 private:

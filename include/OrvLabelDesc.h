@@ -6,15 +6,15 @@
 #include "OrvUnicode.h"
 #include "OrvWidgetDesc.h"
 
-// What a label is created from.
+/// What a label is created from.
 struct OrvLabelDesc : public OrvWidgetDesc
 {
     OrvLabelDesc();
 
     OrvUnicode text;
-    // Not owned; needed to draw and to size the label.
+    /// Not owned; needed to draw and to size the label.
     OrvFont* font;
-    // The quad's colour (transparent by default).
+    /// The quad's colour (transparent by default).
     OrvColor backgroundColor;
     OrvFontAlign align;
     float fontSizeCoef;

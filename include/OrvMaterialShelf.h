@@ -7,10 +7,10 @@
 
 class OrvRenderer;
 
-// Makes materials for the game's objects and destroys those it made. Its
-// destructor releases its list only: a material handed to a mesh belongs to
-// that mesh from then on. A listed material that is deleted elsewhere (by its
-// mesh) leaves the list by itself (see OrvMaterial).
+/// Makes materials for the game's objects and destroys those it made. Its
+/// destructor releases its list only: a material handed to a mesh belongs to
+/// that mesh from then on. A listed material that is deleted elsewhere (by its
+/// mesh) leaves the list by itself (see OrvMaterial).
 class OrvMaterialShelf
 {
 public:
@@ -20,14 +20,14 @@ public:
     virtual ~OrvMaterialShelf();
 
     void Init(OrvRenderer* renderer);
-    // The shelf of the renderer's application; throws OrvRendererException
-    // (the shelf's own message) when there is none.
+    /// The shelf of the renderer's application; throws OrvRendererException
+    /// (the shelf's own message) when there is none.
     static OrvMaterialShelf* FromRenderer(OrvRenderer* renderer);
     OrvRenderer* GetRenderer() const { return m_renderer; }
     unsigned int GetMaterialCount() const { return m_materials.GetSize(); }
 
-    // A new T(renderer), listed on the shelf. Throws OrvRendererException
-    // before Init.
+    /// A new T(renderer), listed on the shelf. Throws OrvRendererException
+    /// before Init.
     template <class T>
     T* CreateMaterial()
     {
@@ -40,8 +40,8 @@ public:
         return material;
     }
 
-    // Deletes a material the shelf made and nulls the caller's pointer; any
-    // other pointer is left alone.
+    /// Deletes a material the shelf made and nulls the caller's pointer; any
+    /// other pointer is left alone.
     template <class T>
     void DestroyMaterial(T*& material)
     {
@@ -57,7 +57,7 @@ public:
 
 private:
     friend class OrvMaterial;
-    // A listed material is being deleted elsewhere.
+    /// A listed material is being deleted elsewhere.
     void Forget(OrvMaterial* material) { m_materials.Remove(material); }
 
     OrvTArray<OrvMaterial> m_materials;

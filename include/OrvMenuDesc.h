@@ -5,7 +5,7 @@
 
 class OrvFont;
 
-// What a menu is created from: the font of its buttons' labels and its size.
+/// What a menu is created from: the font of its buttons' labels and its size.
 struct OrvMenuDesc : public OrvWidgetDesc
 {
     OrvMenuDesc();

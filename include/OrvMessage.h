@@ -5,12 +5,12 @@
 
 class OrvGameAsset;
 
-// A named note from one game asset to another with an untyped data pointer
-// (not owned), delivered once its delay in seconds has run out.
+/// A named note from one game asset to another with an untyped data pointer
+/// (not owned), delivered once its delay in seconds has run out.
 class OrvMessage
 {
 public:
-    // Name "", no sender or receiver, no data, no delay.
+    /// Name "", no sender or receiver, no data, no delay.
     OrvMessage();
     OrvMessage(OrvGameAsset* sender, OrvGameAsset* receiver, const OrvUnicode& message, void* data, float delay);
     OrvMessage(const OrvMessage& other) = default;
@@ -22,7 +22,7 @@ public:
     const OrvUnicode& GetMessage() const { return m_message; }
     void* GetData() const { return m_data; }
     float GetDelay() const { return m_delay; }
-    // The delay may fall below 0.
+    /// The delay may fall below 0.
     void ReduceDelay(float seconds) { m_delay -= seconds; }
 
 private:

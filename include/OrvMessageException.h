@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Message Exception".
+/// Display name: "Orv Message Exception".
 ORV_DECLARE_EXCEPTION(OrvMessageException);
 
 #endif

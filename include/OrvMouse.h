@@ -11,8 +11,8 @@ enum OrvMouseButton : int
     MOUSE_BUTTON_RIGHT = 2
 };
 
-// Position in window pixels (origin top-left, y down), the last motion, the
-// accumulated wheel steps and the three buttons.
+/// Position in window pixels (origin top-left, y down), the last motion, the
+/// accumulated wheel steps and the three buttons.
 class OrvMouse : public OrvInputDevice
 {
 public:
@@ -24,13 +24,13 @@ public:
     float GetRelativeX() const { return m_relative.X; }
     float GetRelativeY() const { return m_relative.Y; }
     int GetWheelPosition() const { return m_wheel; }
-    // +1 for the last step up, -1 down; kept until the next step.
+    /// +1 for the last step up, -1 down; kept until the next step.
     int GetRelativeWheelPosition() const { return m_relativeWheel; }
 
-    // Buttons outside 0..2 are ignored (and read as up).
+    /// Buttons outside 0..2 are ignored (and read as up).
     void SetButtonState(OrvMouseButton button, bool down);
     bool IsButtonDown(OrvMouseButton button) const;
-    // Position, motion and wheel to 0, buttons up; the last wheel direction stays.
+    /// Position, motion and wheel to 0, buttons up; the last wheel direction stays.
     void Reset();
 
     static OrvUnicode GetButtonText(OrvMouseButton button);

@@ -4,13 +4,13 @@
 #include "OrvInputEvent.h"
 #include "OrvMouse.h"
 
-// A mouse button went down or up.
+/// A mouse button went down or up.
 class OrvMouseButtonEvent : public OrvInputEvent
 {
 public:
     OrvMouseButtonEvent();
-    // INPUT_MOUSE_BUTTON_DOWN or _UP, else OrvInputException before the mouse
-    // is touched; then the button's state is set.
+    /// INPUT_MOUSE_BUTTON_DOWN or _UP, else OrvInputException before the mouse
+    /// is touched; then the button's state is set.
     OrvMouseButtonEvent(OrvInputEventType type, OrvMouse* mouse, OrvMouseButton button);
     OrvMouseButtonEvent(const OrvMouseButtonEvent& other) = default;
     OrvMouseButtonEvent& operator=(const OrvMouseButtonEvent& other) = default;

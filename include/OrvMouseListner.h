@@ -3,7 +3,7 @@
 
 #include "OrvInputListner.h"
 
-// A listener meant for mouse input; it is an input listener in every respect.
+/// A listener meant for mouse input; it is an input listener in every respect.
 class OrvMouseListner : public OrvInputListner
 {
 public:

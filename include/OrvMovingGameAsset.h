@@ -6,26 +6,26 @@
 struct OrvMovingGameAssetDesc;
 class OrvSteeringBehaviors;
 
-// A game asset that moves by itself: every turn, while enabled, the sum of its
-// steering behaviours' forces, divided by its mass, changes its velocity
-// (never above the max speed); a speed at or below the min speed counts as
-// standing still, and the heading then keeps its last value. Moving assets are
-// not copied.
+/// A game asset that moves by itself: every turn, while enabled, the sum of its
+/// steering behaviours' forces, divided by its mass, changes its velocity
+/// (never above the max speed); a speed at or below the min speed counts as
+/// standing still, and the heading then keeps its last value. Moving assets are
+/// not copied.
 class OrvMovingGameAsset : public OrvGameAsset
 {
 public:
     OrvMovingGameAsset();
-    // Deletes the combiner, not the behaviours in it.
+    /// Deletes the combiner, not the behaviours in it.
     ~OrvMovingGameAsset() override;
 
     void Update(float seconds) override;
     void Render() override;
     void RenderElements() const override;
     using OrvGameAsset::Create;
-    // The base creation, the five parameters, no velocity, a new combiner.
+    /// The base creation, the five parameters, no velocity, a new combiner.
     virtual void Create(OrvMovingGameAssetDesc* desc);
 
-    // 0 for a target straight ahead, the max turn rate for one straight behind.
+    /// 0 for a target straight ahead, the max turn rate for one straight behind.
     float CalculateTurningTime(const OrvVector3D& targetPosition) const;
 
     float GetMass() const { return m_mass; }

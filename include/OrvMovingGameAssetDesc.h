@@ -3,7 +3,7 @@
 
 #include "OrvGameAssetDesc.h"
 
-// What a moving game asset is created from.
+/// What a moving game asset is created from.
 struct OrvMovingGameAssetDesc : public OrvGameAssetDesc
 {
     OrvMovingGameAssetDesc();

@@ -3,10 +3,10 @@
 
 #include "OrvImageFile.h"
 
-// Reader of a PNG file's description: size, bit depth, colour type, the three
-// methods and, for palette images, the palette. It inflates no image data: the
-// data buffer stays empty and the pixel format is not set. A game uses it
-// through a class of its own that supplies ResetImageData.
+/// Reader of a PNG file's description: size, bit depth, colour type, the three
+/// methods and, for palette images, the palette. It inflates no image data: the
+/// data buffer stays empty and the pixel format is not set. A game uses it
+/// through a class of its own that supplies ResetImageData.
 class OrvPNGImageFile : public OrvImageFile
 {
 public:
@@ -18,8 +18,8 @@ public:
     void Load(const OrvUnicode& name, const OrvUnicode& path) override;
     // Opens the file for writing only.
 
-    // Bit-depth checks by colour type; each is given the whole file, GetSize()
-    // bytes. DecodeColorType3 also walks the chunks for the palette.
+    /// Bit-depth checks by colour type; each is given the whole file, GetSize()
+    /// bytes. DecodeColorType3 also walks the chunks for the palette.
     void DecodeColorType0(unsigned char* fileBytes);
     void DecodeColorType2(unsigned char* fileBytes);
     void DecodeColorType3(unsigned char* fileBytes);
@@ -31,8 +31,8 @@ public:
     unsigned int GetCompressionMethod() const { return m_compressionMethod; }
     unsigned int GetFilterMethod() const { return m_filterMethod; }
     unsigned int GetInterlaceMethod() const { return m_interlaceMethod; }
-    // One value per byte of the PLTE chunk (red, green, blue of each entry);
-    // null unless a palette image was loaded. Owned by the image.
+    /// One value per byte of the PLTE chunk (red, green, blue of each entry);
+    /// null unless a palette image was loaded. Owned by the image.
     unsigned int* GetPalette() const { return m_palette; }
     unsigned int GetPaletteValueCount() const { return m_paletteValueCount; }
 

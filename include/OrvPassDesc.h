@@ -4,8 +4,8 @@
 #include "OrvRenderer.h"
 #include "OrvUnicode.h"
 
-// What a pass is created from: its renderer, its shader source paths and its
-// blend function.
+/// What a pass is created from: its renderer, its shader source paths and its
+/// blend function.
 class OrvPassDesc
 {
 public:
@@ -13,7 +13,7 @@ public:
     virtual ~OrvPassDesc();
 
     OrvRenderer* Renderer;
-    // Copied into the pass; no operation reads it.
+    /// Copied into the pass; no operation reads it.
     int Flags;
     OrvUnicode VSPath;
     OrvUnicode FSPath;

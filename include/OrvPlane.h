@@ -3,11 +3,11 @@
 
 #include "OrvVector3D.h"
 
-// The points p with Normal · p + Distance = 0.
+/// The points p with Normal · p + Distance = 0.
 class OrvPlane
 {
 public:
-    // Normal (0, 0, 0), distance 0.
+    /// Normal (0, 0, 0), distance 0.
     OrvPlane();
     OrvPlane(float distance, const OrvVector3D& normal);
     OrvPlane(const OrvPlane& other) = default;

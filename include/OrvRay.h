@@ -7,8 +7,8 @@ class OrvAxisAlignedBox;
 class OrvMatrix;
 class OrvPlane;
 
-// A half line from an origin along a direction that is kept normalised (a
-// zero direction stays zero). Used for picking with the cursor.
+/// A half line from an origin along a direction that is kept normalised (a
+/// zero direction stays zero). Used for picking with the cursor.
 class OrvRay
 {
 public:
@@ -21,18 +21,18 @@ public:
 
     void SetOrigine(const OrvVector3D& origin) { m_origin = origin; }
     const OrvVector3D& GetOrigine() const { return m_origin; }
-    // Normalises.
+    /// Normalises.
     void SetDirection(const OrvVector3D& direction);
     const OrvVector3D& GetDirection() const { return m_direction; }
 
-    // The origin as a point, the direction as a direction (not normalised
-    // again). Throws OrvException unless the matrix is 4×4.
+    /// The origin as a point, the direction as a direction (not normalised
+    /// again). Throws OrvException unless the matrix is 4×4.
     void Transform(const OrvMatrix& m);
-    // The line meets the plane (behind the origin too): `point` receives the
-    // meeting point. False, `point` untouched, when parallel.
+    /// The line meets the plane (behind the origin too): `point` receives the
+    /// meeting point. False, `point` untouched, when parallel.
     bool IsColliding(const OrvPlane& plane, OrvVector3D& point);
-    // The ray, in front of its origin, meets the plane z = 0 inside the box's
-    // world corners (X and Y): `point` receives the hit.
+    /// The ray, in front of its origin, meets the plane z = 0 inside the box's
+    /// world corners (X and Y): `point` receives the hit.
     bool IsColliding(OrvAxisAlignedBox* box, OrvVector3D& point) const;
 
 private:

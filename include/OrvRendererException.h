@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Renderer Exception".
+/// Display name: "Orv Renderer Exception".
 ORV_DECLARE_EXCEPTION(OrvRendererException);
 
 #endif

@@ -3,10 +3,10 @@
 
 #include "OrvMouse.h"
 
-// The mouse read from SDL's event queue, at most ten events a frame,
-// taken one by one (a listener's exception leaves the rest queued). Motion
-// takes the position from SDL's mouse state; a wheel step is counted once, on
-// its button-down event.
+/// The mouse read from SDL's event queue, at most ten events a frame,
+/// taken one by one (a listener's exception leaves the rest queued). Motion
+/// takes the position from SDL's mouse state; a wheel step is counted once, on
+/// its button-down event.
 class OrvSDLMouse : public OrvMouse
 {
 public:

@@ -33,7 +33,7 @@ typedef int CGprofile;
 typedef int CGenum;
 typedef void (*CGerrorCallbackFunc)(void);
 
-// Error codes.
+/// Error codes.
 const CGerror CG_NO_ERROR = 0;
 const CGerror CG_COMPILER_ERROR = 1;                // a stage did not compile; the text is the compiler's log
 const CGerror CG_LINK_ERROR = 2;                    // a vertex/fragment pair did not link; the text is the linker's log
@@ -47,14 +47,14 @@ const CGerror CG_INVALID_VALUE_TYPE_ERROR = 9;      // a setter that does not fi
 const CGerror CG_INVALID_PARAMETER_ERROR = 10;      // no source text, a bad entry name, compiler arguments
 const CGerror CG_GL_UNAVAILABLE_ERROR = 11;         // no current OpenGL 2.0 context
 
-// Source kind and profiles.
+/// Source kind and profiles.
 const CGenum CG_SOURCE = 4112;
 const CGprofile CG_PROFILE_ARBVP1 = 6150;  // vertex programs
 const CGprofile CG_PROFILE_ARBFP1 = 7000;  // fragment programs
 
-// Parameter types. The setters take: CG_FLOAT cgSetParameter1f; CG_FLOAT4
-// cgSetParameter4fv; CG_FLOAT4x4 cgSetMatrixParameterfc; CG_INT, CG_BOOL and
-// the samplers cgSetParameter1i. Other types can be looked up but not set.
+/// Parameter types. The setters take: CG_FLOAT cgSetParameter1f; CG_FLOAT4
+/// cgSetParameter4fv; CG_FLOAT4x4 cgSetMatrixParameterfc; CG_INT, CG_BOOL and
+/// the samplers cgSetParameter1i. Other types can be looked up but not set.
 const CGtype CG_UNKNOWN_TYPE = 0;
 const CGtype CG_FLOAT = 1045;
 const CGtype CG_FLOAT2 = 1046;
@@ -73,34 +73,34 @@ const CGtype CG_INT3 = 1095;
 const CGtype CG_INT4 = 1096;
 const CGtype CG_BOOL = 1114;
 
-// Contexts. Destroying a context destroys its programs and their linked pairs.
+/// Contexts. Destroying a context destroys its programs and their linked pairs.
 CGcontext cgCreateContext();
 void cgDestroyContext(CGcontext context);
 
-// Errors. cgGetError returns the pending error and clears it; cgGetErrorString
-// returns the text of the latest error of that code (the driver's log for
-// compile and link errors), valid until the next error.
+/// Errors. cgGetError returns the pending error and clears it; cgGetErrorString
+/// returns the text of the latest error of that code (the driver's log for
+/// compile and link errors), valid until the next error.
 void cgSetErrorCallback(CGerrorCallbackFunc callback);
 CGerrorCallbackFunc cgGetErrorCallback();
 CGerror cgGetError();
 const char* cgGetErrorString(CGerror error);
 
-// Programs. `arguments` must be null or an empty (null-terminated) list; a
-// null `entry` stands for "main". Sampler parameters start on the texture unit
-// that ends their name ("in_t2dTexture1": unit 1), unit 0 when no digit ends it.
+/// Programs. `arguments` must be null or an empty (null-terminated) list; a
+/// null `entry` stands for "main". Sampler parameters start on the texture unit
+/// that ends their name ("in_t2dTexture1": unit 1), unit 0 when no digit ends it.
 CGprogram cgCreateProgram(CGcontext context, CGenum sourceKind, const char* source, CGprofile profile,
                           const char* entry, const char** arguments);
 void cgGLLoadProgram(CGprogram program);
 void cgGLUnloadProgram(CGprogram program);
 void cgDestroyProgram(CGprogram program);
 
-// Binding.
+/// Binding.
 void cgGLEnableProfile(CGprofile profile);
 void cgGLDisableProfile(CGprofile profile);
 void cgGLBindProgram(CGprogram program);
 
-// Parameters: a null handle when the program has no active parameter of that
-// name; a null handle's type is CG_UNKNOWN_TYPE.
+/// Parameters: a null handle when the program has no active parameter of that
+/// name; a null handle's type is CG_UNKNOWN_TYPE.
 CGparameter cgGetNamedParameter(CGprogram program, const char* name);
 CGtype cgGetParameterType(CGparameter parameter);
 void cgSetParameter1f(CGparameter parameter, float value);
@@ -108,9 +108,9 @@ void cgSetParameter4fv(CGparameter parameter, const float* values);
 void cgSetParameter1i(CGparameter parameter, int value);
 void cgSetMatrixParameterfc(CGparameter parameter, const float* columnMajor);
 
-// Counters of the GL work done by the runtime, and the switch that turns its
-// redundancy checks off (every bind then calls glUseProgram, every set and
-// every bind uploads).
+/// Counters of the GL work done by the runtime, and the switch that turns its
+/// redundancy checks off (every bind then calls glUseProgram, every set and
+/// every bind uploads).
 struct OrvShaderRuntimeStats
 {
     unsigned long useProgramCalls;

@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Singleton Exception".
+/// Display name: "Orv Singleton Exception".
 ORV_DECLARE_EXCEPTION(OrvSingletonException);
 
 #endif

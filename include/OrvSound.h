@@ -3,9 +3,9 @@
 
 #include "OrvUnicode.h"
 
-// What the sound manager knows of a sound it played: its WAV file's name, the
-// source playing it and the buffer holding it (indexes 0 to 11, or -1), its
-// type (1 for music) and whether it loops.
+/// What the sound manager knows of a sound it played: its WAV file's name, the
+/// source playing it and the buffer holding it (indexes 0 to 11, or -1), its
+/// type (1 for music) and whether it loops.
 class OrvSound
 {
 public:

@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Sound Exception".
+/// Display name: "Orv Sound Exception".
 ORV_DECLARE_EXCEPTION(OrvSoundException);
 
 #endif

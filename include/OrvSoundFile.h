@@ -4,8 +4,8 @@
 
 #include "OrvFile.h"
 
-// A sound: the raw samples in the data buffer (GetSize() bytes) and their
-// description.
+/// A sound: the raw samples in the data buffer (GetSize() bytes) and their
+/// description.
 class OrvSoundFile : public OrvFile
 {
 public:

@@ -7,16 +7,16 @@
 struct OrvSpriteDesc;
 class OrvTexture;
 
-// A named rectangle of a texture, in pixels. The sprite is one of its
-// texture's users from Create to its destruction, and counts its own users so
-// that the sprite manager keeps it while anything shows it.
+/// A named rectangle of a texture, in pixels. The sprite is one of its
+/// texture's users from Create to its destruction, and counts its own users so
+/// that the sprite manager keeps it while anything shows it.
 class OrvSprite
 {
 public:
     OrvSprite();
     OrvSprite(const OrvSprite&) = delete;
-    // Copies the five fields, the user count included; the texture's count
-    // is not touched.
+    /// Copies the five fields, the user count included; the texture's count
+    /// is not touched.
     OrvSprite& operator=(const OrvSprite& other);
     virtual ~OrvSprite();
 
@@ -28,7 +28,7 @@ public:
     OrvVector2D GetDimension() const { return m_dimension; }
 
     void AddUser() { ++m_users; }
-    // Throws OrvException below zero (the count stays there).
+    /// Throws OrvException below zero (the count stays there).
     void RemoveUser();
     bool GetIsInUse() const { return m_users > 0; }
     int GetUserCount() const { return m_users; }

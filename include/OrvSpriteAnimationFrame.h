@@ -5,14 +5,14 @@
 
 class OrvSprite;
 
-// One frame of an animation: a sprite (not owned), its offset, and a free
-// point a game may attach things to.
+/// One frame of an animation: a sprite (not owned), its offset, and a free
+/// point a game may attach things to.
 class OrvSpriteAnimationFrame
 {
 public:
     OrvSpriteAnimationFrame();
     OrvSpriteAnimationFrame(OrvSprite* sprite, OrvVector2D offset, OrvVector2D customPosition);
-    // Copies carry the custom position too.
+    /// Copies carry the custom position too.
     OrvSpriteAnimationFrame(const OrvSpriteAnimationFrame& other) = default;
     OrvSpriteAnimationFrame& operator=(const OrvSpriteAnimationFrame& other) = default;
     virtual ~OrvSpriteAnimationFrame();

@@ -7,11 +7,11 @@
 class OrvSpriteAnimation;
 class OrvSpriteAnimationFrame;
 
-// Plays one sprite animation at a time: counts the time, tells which frame to
-// show, mirrors on request, chains to a queued next animation at the end and
-// calls the callbacks registered, by animation name, for the start of a frame
-// and for the end of an animation. It holds one user on the current and on
-// the next animation.
+/// Plays one sprite animation at a time: counts the time, tells which frame to
+/// show, mirrors on request, chains to a queued next animation at the end and
+/// calls the callbacks registered, by animation name, for the start of a frame
+/// and for the end of an animation. It holds one user on the current and on
+/// the next animation.
 class OrvSpriteAnimationPlayer
 {
 public:
@@ -29,12 +29,12 @@ public:
     };
 
     OrvSpriteAnimationPlayer();
-    // Same animations (with users of its own), time, flags and callbacks.
+    /// Same animations (with users of its own), time, flags and callbacks.
     OrvSpriteAnimationPlayer(const OrvSpriteAnimationPlayer& other);
     OrvSpriteAnimationPlayer& operator=(const OrvSpriteAnimationPlayer& other);
     virtual ~OrvSpriteAnimationPlayer();
 
-    // Asking again for what plays, with the same mirroring, does not restart it.
+    /// Asking again for what plays, with the same mirroring, does not restart it.
     void SetSpriteAnimation(OrvSpriteAnimation* animation, bool mirrorX, bool mirrorY);
     OrvSpriteAnimation* GetSpriteAnimation() const { return m_current; }
     void SetNextSpriteAnimation(OrvSpriteAnimation* animation, bool mirrorX, bool mirrorY);
@@ -42,7 +42,7 @@ public:
 
     void AddTime(float seconds);
     unsigned int GetCurrentFrameIndex() const;
-    // Past the end: the first frame of a loop, else the last one.
+    /// Past the end: the first frame of a loop, else the last one.
     OrvSpriteAnimationFrame* GetCurrentFrame() const;
     void SetCurrentFrame(unsigned int index);
     float GetTime() const { return m_time; }

@@ -6,7 +6,7 @@
 
 class OrvTexture;
 
-// What a sprite is created from: a name and a rectangle of a texture, in pixels.
+/// What a sprite is created from: a name and a rectangle of a texture, in pixels.
 struct OrvSpriteDesc
 {
     OrvSpriteDesc();

@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Stack Exception".
+/// Display name: "Orv Stack Exception".
 ORV_DECLARE_EXCEPTION(OrvStackException);
 
 #endif

@@ -3,8 +3,8 @@
 
 #include "OrvSteeringBehavior.h"
 
-// Towards the target, slowing down as it gets near: the desired speed is the
-// distance divided by the deceleration (not capped).
+/// Towards the target, slowing down as it gets near: the desired speed is the
+/// distance divided by the deceleration (not capped).
 class OrvSteeringBehaviorArrive : public OrvSteeringBehavior
 {
 public:

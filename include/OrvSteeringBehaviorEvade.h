@@ -8,21 +8,21 @@
 class OrvSteeringBehaviorFlee;
 class OrvSteeringBehaviorStop;
 
-// Away from where each pursuer within the friendly distance will be; with none
-// near, the asset comes to rest.
+/// Away from where each pursuer within the friendly distance will be; with none
+/// near, the asset comes to rest.
 class OrvSteeringBehaviorEvade : public OrvSteeringBehavior
 {
 public:
     OrvSteeringBehaviorEvade();
-    // Deletes the inner flee and stop.
+    /// Deletes the inner flee and stop.
     ~OrvSteeringBehaviorEvade() override;
 
     OrvVector3D Compute() override;
     void SetSteeringBehaviors(OrvSteeringBehaviors* behaviors) override;
-    // Also the inner flee's panic distance, squared.
+    /// Also the inner flee's panic distance, squared.
     void SetFriendlyDistance(float distance);
     float GetFriendlyDistance() const { return m_friendlyDistance; }
-    // Once.
+    /// Once.
     void AddPursurer(OrvMovingGameAsset* pursuer);
     unsigned int GetPursuerCount() const { return m_pursuers.GetCount(); }
     OrvSteeringBehaviorFlee* GetFlee() const { return m_flee; }

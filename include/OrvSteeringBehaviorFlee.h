@@ -3,7 +3,7 @@
 
 #include "OrvSteeringBehavior.h"
 
-// Full speed away from the target while it is within the panic distance.
+/// Full speed away from the target while it is within the panic distance.
 class OrvSteeringBehaviorFlee : public OrvSteeringBehavior
 {
 public:
@@ -13,7 +13,7 @@ public:
     OrvVector3D Compute() override;
     void SetTarget(const OrvVector3D& target) { m_target = target; }
     const OrvVector3D& GetTarget() const { return m_target; }
-    // A squared distance, stored as given.
+    /// A squared distance, stored as given.
     void SetPanicDistanceSqr(float distanceSquared) { m_panicDistanceSquared = distanceSquared; }
     float GetPanicDistanceSqr() const { return m_panicDistanceSquared; }
 

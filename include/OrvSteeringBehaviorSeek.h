@@ -3,7 +3,7 @@
 
 #include "OrvSteeringBehavior.h"
 
-// Full speed towards the target.
+/// Full speed towards the target.
 class OrvSteeringBehaviorSeek : public OrvSteeringBehavior
 {
 public:

@@ -3,7 +3,7 @@
 
 #include "OrvSteeringBehavior.h"
 
-// Against the current velocity, harder the faster the asset goes.
+/// Against the current velocity, harder the faster the asset goes.
 class OrvSteeringBehaviorStop : public OrvSteeringBehavior
 {
 public:

@@ -3,15 +3,15 @@
 
 #include "OrvSteeringBehavior.h"
 
-// A random walk: a target on a circle ahead of the asset (along world X)
-// jitters a little every turn.
+/// A random walk: a target on a circle ahead of the asset (along world X)
+/// jitters a little every turn.
 class OrvSteeringBehaviorWander : public OrvSteeringBehavior
 {
 public:
     OrvSteeringBehaviorWander();
     ~OrvSteeringBehaviorWander() override;
 
-    // Draws two numbers with rand(): the first moves the target in y, the second in x.
+    /// Draws two numbers with rand(): the first moves the target in y, the second in x.
     OrvVector3D Compute() override;
     void SetWanderDistance(float distance) { m_distance = distance; }
     void SetWanderRadius(float radius) { m_radius = radius; }

@@ -5,7 +5,7 @@
 
 class OrvMenu;
 
-// What a sub-menu button is created from: a button's record and the menu it opens.
+/// What a sub-menu button is created from: a button's record and the menu it opens.
 struct OrvSubMenuButtonDesc : public OrvButtonDesc
 {
     OrvSubMenuButtonDesc();

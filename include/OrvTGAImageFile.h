@@ -3,8 +3,8 @@
 
 #include "OrvImageFile.h"
 
-// Uncompressed true-colour TGA images (type 2) of 24 or 32 bits a pixel, read
-// and written. Pixels are held red first; rows keep the file's order.
+/// Uncompressed true-colour TGA images (type 2) of 24 or 32 bits a pixel, read
+/// and written. Pixels are held red first; rows keep the file's order.
 class OrvTGAImageFile : public OrvImageFile
 {
 public:
@@ -12,19 +12,19 @@ public:
     ~OrvTGAImageFile() override;
 
     void Load(const OrvUnicode& name, const OrvUnicode& path) override;
-    // Opens the file for writing only; the image is written by Save(const char*, ...).
+    /// Opens the file for writing only; the image is written by Save(const char*, ...).
     using OrvImageFile::Save;
-    // Width x height x (pixel size / 8) bytes, zeroed.
+    /// Width x height x (pixel size / 8) bytes, zeroed.
     void ResetImageData() override;
-    // Writes the 18-byte header (with an ID field count of 0) and the pixels.
-    // The file stays open until Close or the destructor.
+    /// Writes the 18-byte header (with an ID field count of 0) and the pixels.
+    /// The file stays open until Close or the destructor.
     virtual void Save(const char* name, SAVE_OPTION option);
 
-    // Decodes the header fields from byte 8 on and the pixels; fileBytes holds
-    // the whole file, GetSize() bytes.
+    /// Decodes the header fields from byte 8 on and the pixels; fileBytes holds
+    /// the whole file, GetSize() bytes.
     void LoadImageType2(char* fileBytes);
-    // Copies the whole source into this image, its first pixel at column x of
-    // row y. Both images hold 32-bit pixels and the source must fit.
+    /// Copies the whole source into this image, its first pixel at column x of
+    /// row y. Both images hold 32-bit pixels and the source must fit.
     void PasteImageFile(OrvTGAImageFile* source, unsigned int x, unsigned int y);
 
     char GetImagePixelSize() const { return m_imagePixelSize; }
@@ -40,7 +40,7 @@ public:
     void SetImageTypeCode(char code) { m_imageTypeCode = code; }
     void SetXOrigin(unsigned int x) { m_xOrigin = x; }
     void SetYOrigin(unsigned int y) { m_yOrigin = y; }
-    // 24 also makes the pixel format RGB, 32 RGBA.
+    /// 24 also makes the pixel format RGB, 32 RGBA.
     void SetImagePixelSize(char bits);
     void SetImageDescByte(char descriptor) { m_imageDescByte = descriptor; }
 

@@ -8,11 +8,11 @@
 
 struct OrvTextFieldDesc;
 
-// One line of typed text. While editing, each printable character typed on
-// the input manager's first keyboard is appended (up to the maximum length),
-// Backspace removes the last one and Return ends editing. A click empties the
-// field and starts editing again. There is no caret and no selection. It keeps
-// the size it is given (SetWidth, SetHeight, SetDimension).
+/// One line of typed text. While editing, each printable character typed on
+/// the input manager's first keyboard is appended (up to the maximum length),
+/// Backspace removes the last one and Return ends editing. A click empties the
+/// field and starts editing again. There is no caret and no selection. It keeps
+/// the size it is given (SetWidth, SetHeight, SetDimension).
 class OrvTextField : public OrvWidget
 {
 public:
@@ -21,20 +21,20 @@ public:
     OrvTextField();
     ~OrvTextField() override;
 
-    // The text with the field's colour, size and alignment; nothing without a font.
+    /// The text with the field's colour, size and alignment; nothing without a font.
     void RenderElements() const override;
-    // The cursors first, then the keys while editing.
+    /// The cursors first, then the keys while editing.
     void ProcessInputEvent(const OrvInputEvent& event) override;
-    // The callback, then an empty text and editing.
+    /// The callback, then an empty text and editing.
     void CursorPressedAndReleased(OrvCursor* cursor) override;
     using OrvWidget::Create;
-    // The widget, the text settings, then the input manager's first keyboard:
-    // OrvInputException "You tried to add an invalid device." without one. The
-    // field hears the keyboard only when it is cursor-sensitive (registered).
+    /// The widget, the text settings, then the input manager's first keyboard:
+    /// OrvInputException "You tried to add an invalid device." without one. The
+    /// field hears the keyboard only when it is cursor-sensitive (registered).
     virtual void Create(OrvTextFieldDesc* desc);
     virtual void ClearText();
 
-    // Not checked against the maximum length.
+    /// Not checked against the maximum length.
     void SetText(const OrvUnicode& text);
     OrvUnicode GetText() const { return m_text; }
     void SetFont(OrvFont* font) { m_font = font; }
@@ -43,14 +43,14 @@ public:
     void SetFontColor(const OrvColor& color) { m_fontColor = color; }
     void SetIsEditing(bool editing) { m_editing = editing; }
     bool GetIsEditing() const { return m_editing; }
-    // 0 is ignored; a lower maximum cuts the text to it.
+    /// 0 is ignored; a lower maximum cuts the text to it.
     void SetMaxLen(unsigned int maxLen);
     unsigned int GetMaxLen() const { return m_maxLen; }
-    // A text field keeps the size it was given.
+    /// A text field keeps the size it was given.
     void ComputeOptimalSize();
 
 protected:
-    // Removes the last character, when there is one.
+    /// Removes the last character, when there is one.
     static void RemoveLastCharacter(OrvUnicode& text);
 
     unsigned int m_maxLen;

@@ -5,14 +5,14 @@
 #include "OrvFont.h"
 #include "OrvWidgetDesc.h"
 
-// What a text field is created from.
+/// What a text field is created from.
 struct OrvTextFieldDesc : public OrvWidgetDesc
 {
     OrvTextFieldDesc();
 
-    // Not owned; needed to draw.
+    /// Not owned; needed to draw.
     OrvFont* font;
-    // A new field takes what is typed at once.
+    /// A new field takes what is typed at once.
     bool isEditing;
     OrvFontAlign align;
     OrvColor fontColor;

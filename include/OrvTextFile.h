@@ -3,7 +3,7 @@
 
 #include "OrvFile.h"
 
-// A whole file as bytes, followed by one zero byte that the size does not count.
+/// A whole file as bytes, followed by one zero byte that the size does not count.
 class OrvTextFile : public OrvFile
 {
 public:

@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Texture Exception".
+/// Display name: "Orv Texture Exception".
 ORV_DECLARE_EXCEPTION(OrvTextureException);
 
 #endif

@@ -1,8 +1,8 @@
 #ifndef ORV_TIME_H
 #define ORV_TIME_H
 
-// A point or span of time in seconds. Points read from the monotonic clock are
-// only meaningful relative to each other.
+/// A point or span of time in seconds. Points read from the monotonic clock are
+/// only meaningful relative to each other.
 class OrvTime
 {
 public:
@@ -14,7 +14,7 @@ public:
     void Set(double seconds) { m_seconds = seconds; }
     float Get() const { return static_cast<float>(m_seconds); }
     double GetSeconds() const { return m_seconds; }
-    // Reads the monotonic clock.
+    /// Reads the monotonic clock.
     void SetAsTimeFromProgramStart();
 
     OrvTime& operator=(const OrvTime& other) = default;
@@ -36,7 +36,7 @@ public:
     bool operator<=(const OrvTime& other) const { return m_seconds <= other.m_seconds; }
     bool operator>=(const OrvTime& other) const { return m_seconds >= other.m_seconds; }
 
-    // Ticks per second of the clock; 0 until the clock is first read.
+    /// Ticks per second of the clock; 0 until the clock is first read.
     static double GetCyclesPerSecond();
 
 private:

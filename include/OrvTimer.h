@@ -1,10 +1,10 @@
 #ifndef ORV_TIMER_H
 #define ORV_TIMER_H
 
-// Game timer driven by the frame time. It calls its tick callback once per
-// accumulated second (at most once per update) and its end callback when the
-// accumulated time reaches the limit, then stops. The limit starts at -1, so a
-// started timer whose limit was never set ends on its first update.
+/// Game timer driven by the frame time. It calls its tick callback once per
+/// accumulated second (at most once per update) and its end callback when the
+/// accumulated time reaches the limit, then stops. The limit starts at -1, so a
+/// started timer whose limit was never set ends on its first update.
 class OrvTimer
 {
 public:

@@ -4,21 +4,21 @@
 #include "OrvTArray.h"
 #include "OrvTimer.h"
 
-// Owns the timers created through it and advances them once per turn.
+/// Owns the timers created through it and advances them once per turn.
 class OrvTimerManager
 {
 public:
     OrvTimerManager();
     OrvTimerManager(const OrvTimerManager&) = delete;
     OrvTimerManager& operator=(const OrvTimerManager&) = delete;
-    // Deletes the timers still registered.
+    /// Deletes the timers still registered.
     virtual ~OrvTimerManager();
 
-    // A new stopped timer with no limit set (-1); the caller configures and starts it.
+    /// A new stopped timer with no limit set (-1); the caller configures and starts it.
     OrvTimer* AddTimer();
-    // Removes and deletes the timer; a timer of another manager is left alone.
+    /// Removes and deletes the timer; a timer of another manager is left alone.
     void DeleteTimer(OrvTimer* timer);
-    // Callbacks may add or delete timers: the count is read again at each step.
+    /// Callbacks may add or delete timers: the count is read again at each step.
     void Update(float seconds);
 
     unsigned int GetTimerCount() const { return m_timers.GetSize(); }

@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Tree Node Exception".
+/// Display name: "Orv Tree Node Exception".
 ORV_DECLARE_EXCEPTION(OrvTreeNodeException);
 
 #endif

@@ -3,7 +3,7 @@
 
 #include "OrvException.h"
 
-// Display name: "Orv Unicode Exception".
+/// Display name: "Orv Unicode Exception".
 ORV_DECLARE_EXCEPTION(OrvUnicodeException);
 
 #endif

@@ -3,8 +3,8 @@
 
 #include "OrvUnicode.h"
 
-// Two-component single-precision vector: screen positions, texture
-// coordinates, sizes. A plain value, copied freely.
+/// Two-component single-precision vector: screen positions, texture
+/// coordinates, sizes. A plain value, copied freely.
 class OrvVector2D
 {
 public:
@@ -45,19 +45,19 @@ public:
     }
     OrvVector2D operator/(float f) const { return OrvVector2D(X / f, Y / f); }
 
-    // Exact comparison, no tolerance: a NaN component never compares equal.
+    /// Exact comparison, no tolerance: a NaN component never compares equal.
     bool operator==(const OrvVector2D& v) const { return X == v.X && Y == v.Y; }
     bool operator!=(const OrvVector2D& v) const { return !(*this == v); }
 
-    // "X : <x>, Y : <y>", the numbers in OrvUnicode's float form.
+    /// "X : <x>, Y : <y>", the numbers in OrvUnicode's float form.
     OrvUnicode ToUnicode() const;
 
     float LengthSquared() const { return X * X + Y * Y; }
     float Length() const;
-    // Scales to unit length; a zero vector stays as it is.
+    /// Scales to unit length; a zero vector stays as it is.
     void Normalize();
     float Dot(const OrvVector2D& v) const { return X * v.X + Y * v.Y; }
-    // Scales the vector down to length `max` when it is longer.
+    /// Scales the vector down to length `max` when it is longer.
     void Truncate(float max);
 
     float GetX() const { return X; }

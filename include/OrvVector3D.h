@@ -7,8 +7,8 @@
 #include "OrvUnicode.h"
 #include "OrvVector2D.h"
 
-// Three-component single-precision vector: positions, directions, scales.
-// A plain value, copied freely.
+/// Three-component single-precision vector: positions, directions, scales.
+/// A plain value, copied freely.
 class OrvVector3D
 {
 public:
@@ -54,35 +54,35 @@ public:
     }
     OrvVector3D operator/(float f) const { return OrvVector3D(X / f, Y / f, Z / f); }
 
-    // Exact comparison, no tolerance: a NaN component never compares equal.
+    /// Exact comparison, no tolerance: a NaN component never compares equal.
     bool operator==(OrvVector3D v) const { return X == v.X && Y == v.Y && Z == v.Z; }
     bool operator!=(OrvVector3D v) const { return !(*this == v); }
 
-    // "X : <x>, Y : <y>, Z : <z>", the numbers in OrvUnicode's float form.
+    /// "X : <x>, Y : <y>, Z : <z>", the numbers in OrvUnicode's float form.
     OrvUnicode ToUnicode() const;
-    // "Vector3D(<x>, <y>, <z>)", the numbers in a stream's default format
-    // (six significant digits), independent of the global locale.
+    /// "Vector3D(<x>, <y>, <z>)", the numbers in a stream's default format
+    /// (six significant digits), independent of the global locale.
     std::string ToString() const;
 
     float LengthSquared() const { return X * X + Y * Y + Z * Z; }
     float Length() const;
-    // Scales to unit length; a zero vector stays as it is.
+    /// Scales to unit length; a zero vector stays as it is.
     void Normalize();
     OrvVector3D NormalizedVector() const;
     float Dot(const OrvVector3D& v) const { return X * v.X + Y * v.Y + Z * v.Z; }
-    // this × v.
+    /// this × v.
     OrvVector3D Cross(const OrvVector3D& v) const
     {
         return OrvVector3D(Y * v.Z - Z * v.Y, Z * v.X - X * v.Z, X * v.Y - Y * v.X);
     }
-    // Scales the vector down to length `max` when it is longer.
+    /// Scales the vector down to length `max` when it is longer.
     void Truncate(float max);
 
-    // The 4×1 column (X, Y, Z, 1) for a point, (X, Y, Z, 0) for a direction.
+    /// The 4×1 column (X, Y, Z, 1) for a point, (X, Y, Z, 0) for a direction.
     OrvMatrix GetHomogeneous(bool point) const;
-    // Replaces the vector by the first three rows of m × (X, Y, Z, w), with
-    // w = 1 for a point (translation applies) and 0 for a direction. No
-    // perspective division. Throws OrvException unless m is 4×4.
+    /// Replaces the vector by the first three rows of m × (X, Y, Z, w), with
+    /// w = 1 for a point (translation applies) and 0 for a direction. No
+    /// perspective division. Throws OrvException unless m is 4×4.
     void Transform(const OrvMatrix& m, bool point);
 
     OrvVector2D GetVector2D() const { return OrvVector2D(X, Y); }
@@ -101,12 +101,12 @@ public:
     }
 
     void Floor();
-    // Rounds each component to the nearest integer, an exact half going down
-    // (2.5 -> 2, -2.5 -> -3).
+    /// Rounds each component to the nearest integer, an exact half going down
+    /// (2.5 -> 2, -2.5 -> -3).
     void Round();
-    // Component-wise maximum with o.
+    /// Component-wise maximum with o.
     void MakeCeil(const OrvVector3D& o);
-    // Component-wise minimum with o.
+    /// Component-wise minimum with o.
     void MakeFloor(const OrvVector3D& o);
     void Negate()
     {

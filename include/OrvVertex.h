@@ -4,11 +4,11 @@
 #include "OrvVector2D.h"
 #include "OrvVector3D.h"
 
-// One corner of drawn geometry: position, texture coordinates and normal.
+/// One corner of drawn geometry: position, texture coordinates and normal.
 class OrvVertex
 {
 public:
-    // Position (0, 0, 0), UV (0, 0), normal (0, 1, 0).
+    /// Position (0, 0, 0), UV (0, 0), normal (0, 1, 0).
     OrvVertex();
     OrvVertex(OrvVector3D position, OrvVector2D uv, OrvVector3D normal);
     OrvVertex(const OrvVertex& other) = default;

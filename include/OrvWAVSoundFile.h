@@ -3,8 +3,8 @@
 
 #include "OrvSoundFile.h"
 
-// Canonical PCM WAV files: the 44-byte RIFF/WAVE header with the format block
-// at byte 20 and the samples from byte 44.
+/// Canonical PCM WAV files: the 44-byte RIFF/WAVE header with the format block
+/// at byte 20 and the samples from byte 44.
 class OrvWAVSoundFile : public OrvSoundFile
 {
 public:

@@ -3,8 +3,8 @@
 
 #include "OrvUnicode.h"
 
-// A name and a value attached to an XML element. The reader never fills
-// attributes and the writer never prints them; they travel with the element.
+/// A name and a value attached to an XML element. The reader never fills
+/// attributes and the writer never prints them; they travel with the element.
 class OrvXMLAttribute
 {
 public:

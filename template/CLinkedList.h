@@ -1,9 +1,9 @@
 #ifndef C_LINKED_LIST_H
 #define C_LINKED_LIST_H
 
-// Intrusive doubly linked list of polymorphic links. T exposes the fields
-// m_prev and m_next to the list (friend CLinkedList<T>). The destructor unlinks
-// and deletes every link still in the list.
+/// Intrusive doubly linked list of polymorphic links. T exposes the fields
+/// m_prev and m_next to the list (friend CLinkedList<T>). The destructor unlinks
+/// and deletes every link still in the list.
 template <class T>
 class CLinkedList
 {
@@ -31,7 +31,7 @@ public:
     unsigned int GetCount() const { return m_count; }
 
 protected:
-    // Overridable by lists whose links know more about their container.
+    /// Overridable by lists whose links know more about their container.
     virtual void Detach(T* link)
     {
         link->m_prev = nullptr;

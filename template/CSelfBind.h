@@ -3,7 +3,7 @@
 
 #include "CBind.h"
 
-// A bind side that stands for the object that encloses it.
+/// A bind side that stands for the object that encloses it.
 template <class T>
 class CSelfBind : public CBind
 {

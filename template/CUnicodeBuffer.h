@@ -6,8 +6,8 @@
 
 #include "OrvBlockStorage.h"
 
-// Growable buffer of character units held in one raw block, reallocated in
-// blocks of 32 units. Its size counts the units in use, a terminator included.
+/// Growable buffer of character units held in one raw block, reallocated in
+/// blocks of 32 units. Its size counts the units in use, a terminator included.
 template <class T>
 class CUnicodeBuffer
 {
@@ -56,7 +56,7 @@ public:
 
     T* operator[](unsigned int i) const { return (m_data != nullptr && i < m_size) ? m_data + i : nullptr; }
 
-    // Takes the other's block; the other is left empty (size 0).
+    /// Takes the other's block; the other is left empty (size 0).
     CUnicodeBuffer& operator=(CUnicodeBuffer&& other) noexcept
     {
         if (this != &other)
@@ -74,7 +74,7 @@ public:
         return *this;
     }
 
-    // Appends the other's units over this buffer's terminator.
+    /// Appends the other's units over this buffer's terminator.
     CUnicodeBuffer& operator+=(const CUnicodeBuffer& other)
     {
         if (other.m_size <= 1)

@@ -3,12 +3,12 @@
 
 #include <cstdlib>
 
-// Rounding of a capacity to whole blocks, shared by the pointer array, the
-// string buffer and the byte buffer.
-//  - n == 0 without allowZero gives 0;
-//  - a block size that is not a power of two gives 0 (0 itself passes);
-//  - otherwise max(n, 1) rounded up to a multiple of the block, or n itself when
-//    it needs no rounding.
+/// Rounding of a capacity to whole blocks, shared by the pointer array, the
+/// string buffer and the byte buffer.
+///  - n == 0 without allowZero gives 0;
+///  - a block size that is not a power of two gives 0 (0 itself passes);
+///  - otherwise max(n, 1) rounded up to a multiple of the block, or n itself when
+///    it needs no rounding.
 namespace orv_detail
 {
 inline unsigned long AlignSize(unsigned long n, unsigned long block, bool allowZero)
@@ -22,10 +22,10 @@ inline unsigned long AlignSize(unsigned long n, unsigned long block, bool allowZ
     return (r == 0) ? n : m + block - r;
 }
 
-// Resizes one raw block of elements to the rounding of n (capacity blocks of
-// `block` elements) by reallocation, keeping the content. A rounding of 0
-// frees the block. On failure nothing changes and the answer is false. The
-// size is cut to the new capacity.
+/// Resizes one raw block of elements to the rounding of n (capacity blocks of
+/// `block` elements) by reallocation, keeping the content. A rounding of 0
+/// frees the block. On failure nothing changes and the answer is false. The
+/// size is cut to the new capacity.
 template <class T>
 bool ResizeBlock(T*& data, unsigned int& capacity, unsigned int& size, unsigned long n, unsigned long block)
 {

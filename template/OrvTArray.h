@@ -6,10 +6,10 @@
 
 #include "OrvBlockStorage.h"
 
-// List of pointers to polymorphic objects held in one raw block that grows and
-// shrinks in blocks of `granularity` slots by reallocation, so element objects
-// never move. It owns its elements only through Delete and DeleteAll.
-// Never throws: failures answer false or null and leave the old storage.
+/// List of pointers to polymorphic objects held in one raw block that grows and
+/// shrinks in blocks of `granularity` slots by reallocation, so element objects
+/// never move. It owns its elements only through Delete and DeleteAll.
+/// Never throws: failures answer false or null and leave the old storage.
 template <class T>
 class OrvTArray
 {
@@ -43,8 +43,8 @@ public:
             m_data[m_size - 1] = p;
     }
 
-    // Add without the uniqueness check, telling whether the pointer was
-    // taken (false: the array could not grow and nothing changed).
+    /// Add without the uniqueness check, telling whether the pointer was
+    /// taken (false: the array could not grow and nothing changed).
     bool Append(T* p)
     {
         const unsigned int size = m_size;
@@ -89,7 +89,7 @@ public:
         m_size = 0;
     }
 
-    // Raw copy into the used part of the storage; never writes past it.
+    /// Raw copy into the used part of the storage; never writes past it.
     bool MemCopy(unsigned long byteOffset, const void* source, unsigned long byteCount)
     {
         const unsigned long used = m_size * sizeof(T*);
@@ -105,7 +105,7 @@ public:
         return (m_data == nullptr || index >= m_size) ? nullptr : m_data[index];
     }
 
-    // Copies the pointers, not the objects.
+    /// Copies the pointers, not the objects.
     OrvTArray& operator=(const OrvTArray& other)
     {
         if (this != &other && SetSize(other.m_size))
@@ -113,7 +113,7 @@ public:
         return *this;
     }
 
-    // Index of the first slot equal to p, or -1.
+    /// Index of the first slot equal to p, or -1.
     long Find(const T* p) const
     {
         for (unsigned int i = 0; i < m_size; ++i)
@@ -123,7 +123,7 @@ public:
     }
 
     unsigned int GetSize() const { return m_size; }
-    // The block of pointers itself (null when empty).
+    /// The block of pointers itself (null when empty).
     T* const* GetData() const { return m_data; }
     unsigned int GetCapacity() const { return m_capacity; }
     unsigned int GetGranularity() const { return m_granularity; }

@@ -6,16 +6,16 @@
 
 #include "OrvArrayException.h"
 
-// Value array of constructed elements. Its capacity follows its count in steps
-// of `step` elements: it grows by one step when an element finds it full and
-// shrinks by one step when a removal leaves more than a step free. Index errors
-// throw OrvArrayException and leave the array unchanged.
-//
-// The capacity is a promise, not the storage: the storage is allocated on the
-// first element (an XML element or a game asset without children costs
-// nothing), grows by doubling at least to the capacity, and elements move into
-// it rather than being copied, so that N appends cost N moves in all instead
-// of N²/step copies. A storage twice larger than the capacity is given back.
+/// Value array of constructed elements. Its capacity follows its count in steps
+/// of `step` elements: it grows by one step when an element finds it full and
+/// shrinks by one step when a removal leaves more than a step free. Index errors
+/// throw OrvArrayException and leave the array unchanged.
+///
+/// The capacity is a promise, not the storage: the storage is allocated on the
+/// first element (an XML element or a game asset without children costs
+/// nothing), grows by doubling at least to the capacity, and elements move into
+/// it rather than being copied, so that N appends cost N moves in all instead
+/// of N²/step copies. A storage twice larger than the capacity is given back.
 template <class T>
 class OrvTObjectArray
 {
@@ -134,7 +134,7 @@ public:
     unsigned int GetCapacity() const { return m_capacity; }
     unsigned int GetStep() const { return m_step; }
 
-    // Index of the first element equal to x, or -1.
+    /// Index of the first element equal to x, or -1.
     int Find(const T& x) const
     {
         for (unsigned int i = 0; i < m_count; ++i)
@@ -158,8 +158,8 @@ private:
                                     "template/OrvTObjectArray");
     }
 
-    // Storage for at least `needed` elements: doubled, and never less than
-    // the capacity about to be promised.
+    /// Storage for at least `needed` elements: doubled, and never less than
+    /// the capacity about to be promised.
     void Reserve(unsigned int needed, unsigned int capacity)
     {
         unsigned int storage = m_storage > 0x7FFFFFFFu ? needed : m_storage * 2;
@@ -170,8 +170,8 @@ private:
         Reallocate(storage);
     }
 
-    // New storage of `storage` elements; the elements move over. Throws
-    // std::bad_alloc, leaving the array as it was, when it cannot be had.
+    /// New storage of `storage` elements; the elements move over. Throws
+    /// std::bad_alloc, leaving the array as it was, when it cannot be had.
     void Reallocate(unsigned int storage)
     {
         T* fresh = new T[storage]();
@@ -203,7 +203,7 @@ private:
     }
 
     T* m_data;
-    // Elements the storage holds; 0 before the first element.
+    /// Elements the storage holds; 0 before the first element.
     unsigned int m_storage;
     unsigned int m_count;
     unsigned int m_capacity;

@@ -3,7 +3,7 @@
 
 #include "OrvStackException.h"
 
-// Fixed-capacity stack. A new stack holds one default element.
+/// Fixed-capacity stack. A new stack holds one default element.
 template <class T>
 class OrvTStack
 {
@@ -48,7 +48,7 @@ public:
         return m_data[m_top--];
     }
 
-    // Pop without returning the element.
+    /// Pop without returning the element.
     void Discard()
     {
         if (m_top < 0)
@@ -65,7 +65,7 @@ public:
 
     const T& Peek() const { return const_cast<OrvTStack*>(this)->Peek(); }
 
-    // Index of the top element, -1 when empty.
+    /// Index of the top element, -1 when empty.
     int GetTop() const { return m_top; }
     unsigned int GetCapacity() const { return m_capacity; }
 

@@ -1,8 +1,8 @@
 #ifndef ORV_T_STATE_H
 #define ORV_T_STATE_H
 
-// One state of an OrvTStateMachine<T>: entered, executed once a frame while
-// current, exited.
+/// One state of an OrvTStateMachine<T>: entered, executed once a frame while
+/// current, exited.
 template <class T>
 class OrvTState
 {

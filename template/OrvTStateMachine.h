@@ -5,17 +5,17 @@
 #include "OrvTArray.h"
 #include "OrvTState.h"
 
-// Runs a behaviour as a sequence of states, plus an optional global state that
-// runs every frame before the current one. A requested change happens at the
-// next Update. On each change the state two steps back is destroyed (and
-// taken off the list when registered), unless it is the one being entered,
-// so a game can switch back to the previous state.
-//
-// The machine owns the states registered with it and destroys them with
-// itself. A global state, and a current or requested state that was never
-// registered, belong to the game: a global state may serve several machines.
-// A state two steps back that is also the global or the current state is
-// still in use and is not destroyed.
+/// Runs a behaviour as a sequence of states, plus an optional global state that
+/// runs every frame before the current one. A requested change happens at the
+/// next Update. On each change the state two steps back is destroyed (and
+/// taken off the list when registered), unless it is the one being entered,
+/// so a game can switch back to the previous state.
+///
+/// The machine owns the states registered with it and destroys them with
+/// itself. A global state, and a current or requested state that was never
+/// registered, belong to the game: a global state may serve several machines.
+/// A state two steps back that is also the global or the current state is
+/// still in use and is not destroyed.
 template <class T>
 class OrvTStateMachine
 {
@@ -26,15 +26,15 @@ public:
 
     virtual ~OrvTStateMachine() { m_states.DeleteAll(); }
 
-    // Hands a state to the machine (once). Should the list not grow, the
-    // state is destroyed and OrvException thrown.
+    /// Hands a state to the machine (once). Should the list not grow, the
+    /// state is destroyed and OrvException thrown.
     void RegisterState(OrvTState<T>* state)
     {
         if (state == nullptr || m_states.Find(state) >= 0)
             return;
         ORV_ADD_OWNED(m_states, state, OrvException, "Not enough memory for another state", "template/OrvTStateMachine");
     }
-    // The change happens at the next Update.
+    /// The change happens at the next Update.
     void RequestState(OrvTState<T>* state) { m_next = state; }
     void SetGlobalState(OrvTState<T>* state) { m_global = state; }
 
@@ -44,8 +44,8 @@ public:
     OrvTState<T>* GetNextState() const { return m_next; }
     unsigned int GetStateCount() const { return m_states.GetSize(); }
 
-    // The machine's turn: global state, the pending change, current state. A
-    // change requested by the global state takes effect in the same turn.
+    /// The machine's turn: global state, the pending change, current state. A
+    /// change requested by the global state takes effect in the same turn.
     void Update(float seconds)
     {
         if (m_global != nullptr)

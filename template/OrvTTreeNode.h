@@ -4,14 +4,14 @@
 #include "OrvTObjectArray.h"
 #include "OrvTreeNodeException.h"
 
-// Base of the engine's trees (game assets, XML elements). T is the derived node
-// class itself. A node does not own its children.
-//
-// AddChild and RemoveChild keep each child's parent pointer in step with the
-// parent's list, so "is it already a child?" is answered by the pointer
-// alone in the common case of a child without a parent: adding N children
-// costs N steps, not N²/2. Setting a parent by hand (SetParent) bypasses the
-// list; the tree's own operations never do.
+/// Base of the engine's trees (game assets, XML elements). T is the derived node
+/// class itself. A node does not own its children.
+///
+/// AddChild and RemoveChild keep each child's parent pointer in step with the
+/// parent's list, so "is it already a child?" is answered by the pointer
+/// alone in the common case of a child without a parent: adding N children
+/// costs N steps, not N²/2. Setting a parent by hand (SetParent) bypasses the
+/// list; the tree's own operations never do.
 template <class T>
 class OrvTTreeNode
 {
