@@ -1,7 +1,7 @@
 #ifndef ORV_BENCH_GAME_H
 #define ORV_BENCH_GAME_H
 
-#include "OrvApplication.h"
+#include <OrvEngine/OrvApplication.h>
 
 // A game with empty hooks: the benchmarks drive the engine themselves.
 class BenchGame : public OrvApplication

@@ -13,21 +13,21 @@
 #include <cstring>
 #include <string>
 
-#include "OrvApplication.h"
+#include <OrvEngine/OrvApplication.h>
 #include "OrvBenchGame.h"
-#include "OrvColor.h"
-#include "OrvColorMaterial.h"
-#include "OrvColoredTextureMaterial.h"
-#include "OrvException.h"
+#include <OrvEngine/OrvColor.h>
+#include <OrvEngine/OrvColorMaterial.h>
+#include <OrvEngine/OrvColoredTextureMaterial.h>
+#include <OrvEngine/OrvException.h>
 #include "OrvGLStateCache.h"
-#include "OrvMaterialShelf.h"
-#include "OrvRenderWindow.h"
-#include "OrvRenderer.h"
-#include "OrvShaderRuntime.h"
-#include "OrvTGAImageFile.h"
-#include "OrvTexture.h"
-#include "OrvTextureManager.h"
-#include "OrvVertex.h"
+#include <OrvEngine/OrvMaterialShelf.h>
+#include <OrvEngine/OrvRenderWindow.h>
+#include <OrvEngine/OrvRenderer.h>
+#include <OrvEngine/OrvShaderRuntime.h>
+#include <OrvEngine/OrvTGAImageFile.h>
+#include <OrvEngine/OrvTexture.h>
+#include <OrvEngine/OrvTextureManager.h>
+#include <OrvEngine/OrvVertex.h>
 
 namespace
 {

@@ -14,19 +14,19 @@
 #include <cstring>
 #include <vector>
 
-#include "OrvApplication.h"
+#include <OrvEngine/OrvApplication.h>
 #include "OrvBenchGame.h"
-#include "OrvCamera.h"
-#include "OrvColor.h"
-#include "OrvColorMaterial.h"
-#include "OrvException.h"
-#include "OrvGameAsset.h"
-#include "OrvGameAssetDesc.h"
-#include "OrvGameAssetManager.h"
-#include "OrvMesh.h"
-#include "OrvRenderWindow.h"
-#include "OrvRenderer.h"
-#include "OrvVertex.h"
+#include <OrvEngine/OrvCamera.h>
+#include <OrvEngine/OrvColor.h>
+#include <OrvEngine/OrvColorMaterial.h>
+#include <OrvEngine/OrvException.h>
+#include <OrvEngine/OrvGameAsset.h>
+#include <OrvEngine/OrvGameAssetDesc.h>
+#include <OrvEngine/OrvGameAssetManager.h>
+#include <OrvEngine/OrvMesh.h>
+#include <OrvEngine/OrvRenderWindow.h>
+#include <OrvEngine/OrvRenderer.h>
+#include <OrvEngine/OrvVertex.h>
 
 namespace
 {

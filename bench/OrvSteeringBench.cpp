@@ -10,13 +10,13 @@
 #include <cstring>
 #include <vector>
 
-#include "OrvGameAsset.h"
-#include "OrvGameAssetDesc.h"
-#include "OrvGameAssetManager.h"
-#include "OrvMovingGameAsset.h"
-#include "OrvMovingGameAssetDesc.h"
-#include "OrvSteeringBehaviorSeek.h"
-#include "OrvSteeringBehaviors.h"
+#include <OrvEngine/OrvGameAsset.h>
+#include <OrvEngine/OrvGameAssetDesc.h>
+#include <OrvEngine/OrvGameAssetManager.h>
+#include <OrvEngine/OrvMovingGameAsset.h>
+#include <OrvEngine/OrvMovingGameAssetDesc.h>
+#include <OrvEngine/OrvSteeringBehaviorSeek.h>
+#include <OrvEngine/OrvSteeringBehaviors.h>
 
 int main(int argc, char** argv)
 {

@@ -22,6 +22,10 @@ ExternalProject_Add(Tarnwick
     "-DCMAKE_CXX_FLAGS=${ORV_GAME_CXX_FLAGS}"
     "-DCMAKE_EXE_LINKER_FLAGS=${ORV_GAME_FLAGS}"
     -DTARNWICK_FONT_FILE=${ORV_FONT_FILE}
-  BUILD_ALWAYS ON
   INSTALL_COMMAND ""
   DEPENDS OrvEngine orvmedia orvpack)
+# The game's build runs again when one of its files, the engine or a tool
+# changed, and only then.
+file(GLOB_RECURSE ORV_GAME_FILES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/game/*)
+ExternalProject_Add_StepDependencies(Tarnwick build ${ORV_GAME_FILES}
+  $<TARGET_FILE:OrvEngine> $<TARGET_FILE:orvmedia> $<TARGET_FILE:orvpack>)

@@ -25,19 +25,19 @@
 #include <cstdlib>
 #include <vector>
 
-#include "OrvApplication.h"
-#include "OrvColor.h"
-#include "OrvColoredTextureMaterial.h"
-#include "OrvException.h"
-#include "OrvGameAsset.h"
-#include "OrvGameAssetDesc.h"
-#include "OrvGameAssetManager.h"
-#include "OrvMesh.h"
-#include "OrvOpenGLRenderer.h"
-#include "OrvTGAImageFile.h"
-#include "OrvTexture.h"
-#include "OrvTextureManager.h"
-#include "OrvVertex.h"
+#include <OrvEngine/OrvApplication.h>
+#include <OrvEngine/OrvColor.h>
+#include <OrvEngine/OrvColoredTextureMaterial.h>
+#include <OrvEngine/OrvException.h>
+#include <OrvEngine/OrvGameAsset.h>
+#include <OrvEngine/OrvGameAssetDesc.h>
+#include <OrvEngine/OrvGameAssetManager.h>
+#include <OrvEngine/OrvMesh.h>
+#include <OrvEngine/OrvOpenGLRenderer.h>
+#include <OrvEngine/OrvTGAImageFile.h>
+#include <OrvEngine/OrvTexture.h>
+#include <OrvEngine/OrvTextureManager.h>
+#include <OrvEngine/OrvVertex.h>
 #include "SpriteWorkload.h"
 
 namespace

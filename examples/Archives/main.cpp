@@ -8,14 +8,14 @@
 #include <string>
 
 #include "ExampleApp.h"
-#include "OrvBigFile.h"
-#include "OrvFileManager.h"
-#include "OrvFont.h"
-#include "OrvRenderer.h"
-#include "OrvSoundManager.h"
-#include "OrvTGAImageFile.h"
-#include "OrvWidget.h"
-#include "OrvWidgetDesc.h"
+#include <OrvEngine/OrvBigFile.h>
+#include <OrvEngine/OrvFileManager.h>
+#include <OrvEngine/OrvFont.h>
+#include <OrvEngine/OrvRenderer.h>
+#include <OrvEngine/OrvSoundManager.h>
+#include <OrvEngine/OrvTGAImageFile.h>
+#include <OrvEngine/OrvWidget.h>
+#include <OrvEngine/OrvWidgetDesc.h>
 
 namespace
 {

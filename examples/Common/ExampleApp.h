@@ -17,15 +17,15 @@
 #include <string>
 #include <vector>
 
-#include "OrvApplication.h"
-#include "OrvColor.h"
-#include "OrvColorMaterial.h"
-#include "OrvColoredTextureMaterial.h"
-#include "OrvGameAsset.h"
-#include "OrvGameAssetDesc.h"
-#include "OrvGameAssetManager.h"
-#include "OrvKeyboard.h"
-#include "OrvVector3D.h"
+#include <OrvEngine/OrvApplication.h>
+#include <OrvEngine/OrvColor.h>
+#include <OrvEngine/OrvColorMaterial.h>
+#include <OrvEngine/OrvColoredTextureMaterial.h>
+#include <OrvEngine/OrvGameAsset.h>
+#include <OrvEngine/OrvGameAssetDesc.h>
+#include <OrvEngine/OrvGameAssetManager.h>
+#include <OrvEngine/OrvKeyboard.h>
+#include <OrvEngine/OrvVector3D.h>
 
 class OrvFont;
 class OrvMaterial;

@@ -2,12 +2,12 @@
 // the input manager, as SDL's events do: the device's state changes, then
 // every listener hears the event (the cursor first, the widgets after it).
 #include "ExampleApp.h"
-#include "OrvCursor.h"
-#include "OrvInputManager.h"
-#include "OrvKeyboardEvent.h"
-#include "OrvMouseButtonEvent.h"
-#include "OrvRenderer.h"
-#include "OrvSDLKeyboard.h"
+#include <OrvEngine/OrvCursor.h>
+#include <OrvEngine/OrvInputManager.h>
+#include <OrvEngine/OrvKeyboardEvent.h>
+#include <OrvEngine/OrvMouseButtonEvent.h>
+#include <OrvEngine/OrvRenderer.h>
+#include <OrvEngine/OrvSDLKeyboard.h>
 #include "ScriptedMouse.h"
 
 void ExampleApp::PointAt(const OrvVector3D& target)

@@ -1,7 +1,7 @@
 #ifndef ORV_EXAMPLE_SCRIPTED_MOUSE_H
 #define ORV_EXAMPLE_SCRIPTED_MOUSE_H
 
-#include "OrvSDLMouse.h"
+#include <OrvEngine/OrvSDLMouse.h>
 
 // The mouse read from SDL, which a demo script can also move: the examples'
 // scripts play through it as a player's hand would.

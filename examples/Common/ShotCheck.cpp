@@ -13,9 +13,9 @@
 #include <cstdlib>
 #include <string>
 
-#include "OrvException.h"
-#include "OrvFileManager.h"
-#include "OrvTGAImageFile.h"
+#include <OrvEngine/OrvException.h>
+#include <OrvEngine/OrvFileManager.h>
+#include <OrvEngine/OrvTGAImageFile.h>
 
 namespace
 {

@@ -10,12 +10,12 @@
 #include <string>
 
 #include "ExampleApp.h"
-#include "OrvInputManager.h"
-#include "OrvKeyboardEvent.h"
-#include "OrvMouseButtonEvent.h"
-#include "OrvSDLJoypad.h"
-#include "OrvSDLKeyboard.h"
-#include "OrvSDLMouse.h"
+#include <OrvEngine/OrvInputManager.h>
+#include <OrvEngine/OrvKeyboardEvent.h>
+#include <OrvEngine/OrvMouseButtonEvent.h>
+#include <OrvEngine/OrvSDLJoypad.h>
+#include <OrvEngine/OrvSDLKeyboard.h>
+#include <OrvEngine/OrvSDLMouse.h>
 
 namespace
 {

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "GameHud.h"
-#include "OrvAutoTextField.h"
-#include "OrvCursor.h"
-#include "OrvRenderer.h"
-#include "OrvWidget.h"
+#include <OrvEngine/OrvAutoTextField.h>
+#include <OrvEngine/OrvCursor.h>
+#include <OrvEngine/OrvRenderer.h>
+#include <OrvEngine/OrvWidget.h>
 
 void DemoScript::Advance(float seconds)
 {

@@ -1,17 +1,17 @@
 #include "GameHud.h"
 
-#include "OrvApplication.h"
-#include "OrvAutoTextField.h"
-#include "OrvAutoTextFieldDesc.h"
-#include "OrvButton.h"
-#include "OrvColor.h"
-#include "OrvCursor.h"
-#include "OrvCursorDesc.h"
-#include "OrvGameAssetManager.h"
-#include "OrvLabel.h"
-#include "OrvLabelDesc.h"
-#include "OrvMenu.h"
-#include "OrvMenuDesc.h"
+#include <OrvEngine/OrvApplication.h>
+#include <OrvEngine/OrvAutoTextField.h>
+#include <OrvEngine/OrvAutoTextFieldDesc.h>
+#include <OrvEngine/OrvButton.h>
+#include <OrvEngine/OrvColor.h>
+#include <OrvEngine/OrvCursor.h>
+#include <OrvEngine/OrvCursorDesc.h>
+#include <OrvEngine/OrvGameAssetManager.h>
+#include <OrvEngine/OrvLabel.h>
+#include <OrvEngine/OrvLabelDesc.h>
+#include <OrvEngine/OrvMenu.h>
+#include <OrvEngine/OrvMenuDesc.h>
 
 namespace
 {

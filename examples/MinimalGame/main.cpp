@@ -17,14 +17,14 @@
 #include "DemoScript.h"
 #include "ExampleApp.h"
 #include "GameHud.h"
-#include "OrvGameAssetState.h"
-#include "OrvKeyboardEvent.h"
-#include "OrvMessage.h"
-#include "OrvMesh.h"
-#include "OrvMessageManager.h"
-#include "OrvRenderer.h"
-#include "OrvSoundManager.h"
-#include "OrvWidget.h"
+#include <OrvEngine/OrvGameAssetState.h>
+#include <OrvEngine/OrvKeyboardEvent.h>
+#include <OrvEngine/OrvMessage.h>
+#include <OrvEngine/OrvMesh.h>
+#include <OrvEngine/OrvMessageManager.h>
+#include <OrvEngine/OrvRenderer.h>
+#include <OrvEngine/OrvSoundManager.h>
+#include <OrvEngine/OrvWidget.h>
 
 namespace
 {

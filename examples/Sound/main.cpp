@@ -7,8 +7,8 @@
 //
 //   Sound [SECONDS] [--windowed] [--screenshot FILE]
 #include "ExampleApp.h"
-#include "OrvKeyboardEvent.h"
-#include "OrvSoundManager.h"
+#include <OrvEngine/OrvKeyboardEvent.h>
+#include <OrvEngine/OrvSoundManager.h>
 
 namespace
 {

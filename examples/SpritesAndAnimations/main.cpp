@@ -9,10 +9,10 @@
 //
 //   SpritesAndAnimations [SECONDS] [--windowed] [--screenshot FILE]
 #include "ExampleApp.h"
-#include "OrvSpriteAnimation.h"
-#include "OrvSpriteAnimationMesh.h"
-#include "OrvSpriteAnimationPlayer.h"
-#include "OrvSpriteManager.h"
+#include <OrvEngine/OrvSpriteAnimation.h>
+#include <OrvEngine/OrvSpriteAnimationMesh.h>
+#include <OrvEngine/OrvSpriteAnimationPlayer.h>
+#include <OrvEngine/OrvSpriteManager.h>
 
 namespace
 {

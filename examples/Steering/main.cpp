@@ -14,15 +14,15 @@
 #include <vector>
 
 #include "ExampleApp.h"
-#include "OrvMovingGameAsset.h"
-#include "OrvMovingGameAssetDesc.h"
-#include "OrvSteeringBehaviorArrive.h"
-#include "OrvSteeringBehaviorEvade.h"
-#include "OrvSteeringBehaviorFlee.h"
-#include "OrvSteeringBehaviorPursuit.h"
-#include "OrvSteeringBehaviorSeek.h"
-#include "OrvSteeringBehaviorWander.h"
-#include "OrvSteeringBehaviors.h"
+#include <OrvEngine/OrvMovingGameAsset.h>
+#include <OrvEngine/OrvMovingGameAssetDesc.h>
+#include <OrvEngine/OrvSteeringBehaviorArrive.h>
+#include <OrvEngine/OrvSteeringBehaviorEvade.h>
+#include <OrvEngine/OrvSteeringBehaviorFlee.h>
+#include <OrvEngine/OrvSteeringBehaviorPursuit.h>
+#include <OrvEngine/OrvSteeringBehaviorSeek.h>
+#include <OrvEngine/OrvSteeringBehaviorWander.h>
+#include <OrvEngine/OrvSteeringBehaviors.h>
 
 namespace
 {

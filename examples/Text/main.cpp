@@ -6,10 +6,10 @@
 //
 //   Text [SECONDS] [--windowed] [--screenshot FILE]
 #include "ExampleApp.h"
-#include "OrvFont.h"
-#include "OrvLabel.h"
-#include "OrvLabelDesc.h"
-#include "OrvRenderer.h"
+#include <OrvEngine/OrvFont.h>
+#include <OrvEngine/OrvLabel.h>
+#include <OrvEngine/OrvLabelDesc.h>
+#include <OrvEngine/OrvRenderer.h>
 
 namespace
 {

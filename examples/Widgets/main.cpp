@@ -8,17 +8,17 @@
 #include <string>
 
 #include "ExampleApp.h"
-#include "OrvButton.h"
-#include "OrvButtonDesc.h"
-#include "OrvCursor.h"
-#include "OrvCursorDesc.h"
-#include "OrvKeyboardEvent.h"
-#include "OrvLabel.h"
-#include "OrvLabelDesc.h"
-#include "OrvMenu.h"
-#include "OrvMenuDesc.h"
-#include "OrvTextField.h"
-#include "OrvTextFieldDesc.h"
+#include <OrvEngine/OrvButton.h>
+#include <OrvEngine/OrvButtonDesc.h>
+#include <OrvEngine/OrvCursor.h>
+#include <OrvEngine/OrvCursorDesc.h>
+#include <OrvEngine/OrvKeyboardEvent.h>
+#include <OrvEngine/OrvLabel.h>
+#include <OrvEngine/OrvLabelDesc.h>
+#include <OrvEngine/OrvMenu.h>
+#include <OrvEngine/OrvMenuDesc.h>
+#include <OrvEngine/OrvTextField.h>
+#include <OrvEngine/OrvTextFieldDesc.h>
 
 namespace
 {

@@ -6,7 +6,7 @@
 //
 //   WindowAndQuads [SECONDS] [--windowed] [--screenshot FILE]
 #include "ExampleApp.h"
-#include "OrvRenderer.h"
+#include <OrvEngine/OrvRenderer.h>
 
 namespace
 {

@@ -1,8 +1,8 @@
 #include "Actor.h"
 
-#include "OrvSpriteAnimation.h"
-#include "OrvSpriteAnimationPlayer.h"
-#include "OrvSpriteManager.h"
+#include <OrvEngine/OrvSpriteAnimation.h>
+#include <OrvEngine/OrvSpriteAnimationPlayer.h>
+#include <OrvEngine/OrvSpriteManager.h>
 
 OrvWidgetDesc Actor::Describe(const OrvVector3D& position, float maxSpeed)
 {

@@ -1,10 +1,10 @@
 #ifndef TARNWICK_ACTOR_H
 #define TARNWICK_ACTOR_H
 
-#include "OrvApplication.h"
-#include "OrvGameAssetManager.h"
-#include "OrvWidget.h"
-#include "OrvWidgetDesc.h"
+#include <OrvEngine/OrvApplication.h>
+#include <OrvEngine/OrvGameAssetManager.h>
+#include <OrvEngine/OrvWidget.h>
+#include <OrvEngine/OrvWidgetDesc.h>
 
 // Everything that lives on the field: a widget of the world tree (a moving
 // asset whose quad shows its sprite animation) that does not follow the

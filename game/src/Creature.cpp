@@ -2,7 +2,7 @@
 
 #include "CreatureStates.h"
 #include "Hero.h"
-#include "OrvSteeringBehaviors.h"
+#include <OrvEngine/OrvSteeringBehaviors.h>
 
 Creature::Creature() = default;
 

@@ -2,10 +2,10 @@
 #define TARNWICK_CREATURE_H
 
 #include "Actor.h"
-#include "OrvSteeringBehaviorEvade.h"
-#include "OrvSteeringBehaviorFlee.h"
-#include "OrvSteeringBehaviorPursuit.h"
-#include "OrvSteeringBehaviorWander.h"
+#include <OrvEngine/OrvSteeringBehaviorEvade.h>
+#include <OrvEngine/OrvSteeringBehaviorFlee.h>
+#include <OrvEngine/OrvSteeringBehaviorPursuit.h>
+#include <OrvEngine/OrvSteeringBehaviorWander.h>
 
 class Hero;
 

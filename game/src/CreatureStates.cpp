@@ -1,8 +1,8 @@
 #include "CreatureStates.h"
 
 #include "Creature.h"
-#include "OrvMessage.h"
-#include "OrvMessageManager.h"
+#include <OrvEngine/OrvMessage.h>
+#include <OrvEngine/OrvMessageManager.h>
 
 namespace
 {

@@ -1,7 +1,7 @@
 #ifndef TARNWICK_CREATURE_STATES_H
 #define TARNWICK_CREATURE_STATES_H
 
-#include "OrvGameAssetState.h"
+#include <OrvEngine/OrvGameAssetState.h>
 
 class Creature;
 

@@ -3,9 +3,9 @@
 #include <SDL.h>
 
 #include "Hud.h"
-#include "OrvCursor.h"
-#include "OrvRenderer.h"
-#include "OrvWidget.h"
+#include <OrvEngine/OrvCursor.h>
+#include <OrvEngine/OrvRenderer.h>
+#include <OrvEngine/OrvWidget.h>
 #include "TarnwickGame.h"
 
 void DemoScript::BeforeTurn(unsigned int turn)

@@ -1,6 +1,6 @@
 #include "Hero.h"
 
-#include "OrvSteeringBehaviors.h"
+#include <OrvEngine/OrvSteeringBehaviors.h>
 
 namespace
 {

@@ -2,9 +2,9 @@
 #define TARNWICK_HERO_H
 
 #include "Actor.h"
-#include "OrvSpriteAnimationPlayer.h"
-#include "OrvSteeringBehavior.h"
-#include "OrvSteeringBehaviorArrive.h"
+#include <OrvEngine/OrvSpriteAnimationPlayer.h>
+#include <OrvEngine/OrvSteeringBehavior.h>
+#include <OrvEngine/OrvSteeringBehaviorArrive.h>
 
 // The player's figure. The keys or a stick give it a direction; a click on
 // the field sends it walking there. It walks (mirrored when it goes left),

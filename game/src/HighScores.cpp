@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
-#include "OrvFileException.h"
-#include "OrvFileManager.h"
-#include "OrvXMLElement.h"
-#include "OrvXMLFile.h"
+#include <OrvEngine/OrvFileException.h>
+#include <OrvEngine/OrvFileManager.h>
+#include <OrvEngine/OrvXMLElement.h>
+#include <OrvEngine/OrvXMLFile.h>
 
 namespace
 {

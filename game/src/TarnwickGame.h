@@ -8,9 +8,9 @@
 
 #include "HighScores.h"
 #include "Hud.h"
-#include "OrvApplication.h"
-#include "OrvSpriteAnimationPlayer.h"
-#include "OrvVector2D.h"
+#include <OrvEngine/OrvApplication.h>
+#include <OrvEngine/OrvSpriteAnimationPlayer.h>
+#include <OrvEngine/OrvVector2D.h>
 
 class Actor;
 class Creature;

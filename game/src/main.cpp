@@ -21,7 +21,7 @@
 #include <limits>
 #include <string>
 
-#include "OrvException.h"
+#include <OrvEngine/OrvException.h>
 #include "TarnwickGame.h"
 
 namespace

@@ -42,6 +42,10 @@ execute_process(COMMAND pkg-config --cflags --libs orvengine OUTPUT_VARIABLE pc 
 if(NOT rc EQUAL 0)
   message(FATAL_ERROR "pkg-config does not know orvengine")
 endif()
+# The package puts include/ on the path, never the folder of generic names.
+if(NOT pc MATCHES "-I[^ ]*/include( |$)" OR pc MATCHES "include/OrvEngine")
+  message(FATAL_ERROR "pkg-config gives the wrong include folder: ${pc}")
+endif()
 separate_arguments(pc UNIX_COMMAND "${pc}")
 separate_arguments(flags UNIX_COMMAND "${flags}")
 run(c++ -std=c++17 ${flags} ${ORV_CONSUMER_DIR}/main.cpp ${pc} -o ${ORV_WORK_DIR}/consumer-pc)

@@ -6,8 +6,8 @@
 
 #include <string>
 
-#include "OrvFileManager.h"
-#include "OrvTGAImageFile.h"
+#include <OrvEngine/OrvFileManager.h>
+#include <OrvEngine/OrvTGAImageFile.h>
 
 // An image the generators fill pixel by pixel, red first.
 class Canvas : public OrvTGAImageFile

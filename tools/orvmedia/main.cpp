@@ -14,7 +14,7 @@
 #include FT_FREETYPE_H
 
 #include "Canvas.h"
-#include "OrvException.h"
+#include <OrvEngine/OrvException.h>
 
 namespace
 {

@@ -9,9 +9,9 @@
 #include <unistd.h>
 #include <vector>
 
-#include "OrvBigFile.h"
-#include "OrvException.h"
-#include "OrvFileManager.h"
+#include <OrvEngine/OrvBigFile.h>
+#include <OrvEngine/OrvException.h>
+#include <OrvEngine/OrvFileManager.h>
 
 namespace fs = std::filesystem;
 

@@ -1,5 +1,5 @@
 // A game built against the installed engine: one turn, then out.
-#include <OrvEngine.h>
+#include <OrvEngine/OrvEngine.h>
 
 #include <cstdio>
 #include <sys/stat.h>
