@@ -1,21 +1,39 @@
 #include "Hud.h"
 
-#include "OrvApplication.h"
-#include "OrvAutoTextField.h"
-#include "OrvAutoTextFieldDesc.h"
-#include "OrvButton.h"
-#include "OrvColor.h"
-#include "OrvCursor.h"
-#include "OrvCursorDesc.h"
-#include "OrvGameAssetManager.h"
-#include "OrvLabel.h"
-#include "OrvLabelDesc.h"
-#include "OrvMenu.h"
-#include "OrvMenuDesc.h"
-#include "OrvWidgetDesc.h"
+#include "NameField.h"
+
+#include <algorithm>
+
+#include <OrvEngine/OrvApplication.h>
+#include <OrvEngine/OrvAutoTextField.h>
+#include <OrvEngine/OrvAutoTextFieldDesc.h>
+#include <OrvEngine/OrvButton.h>
+#include <OrvEngine/OrvColor.h>
+#include <OrvEngine/OrvCursor.h>
+#include <OrvEngine/OrvCursorDesc.h>
+#include <OrvEngine/OrvGameAssetManager.h>
+#include <OrvEngine/OrvLabel.h>
+#include <OrvEngine/OrvLabelDesc.h>
+#include <OrvEngine/OrvMenu.h>
+#include <OrvEngine/OrvMenuDesc.h>
+#include <OrvEngine/OrvWidgetDesc.h>
 
 namespace
 {
+// The name row, and the first line of the table in its place after the name is kept.
+const float kRowY = 100.0f;
+// Room between a panel's edge and what it holds.
+const float kPanelMargin = 24.0f;
+const float kPanelHalfWidth = 330.0f;
+// Room above and below a menu button's label.
+const float kButtonMargin = 6.0f;
+// The name field's box, from its origin (where the text's first character is centred).
+const float kFieldLeft = -16.0f;
+const float kFieldRight = 320.0f;
+const float kFieldHalfHeight = 18.0f;
+// Between the name's label and the field's box.
+const float kLabelGap = 14.0f;
+
 std::string Narrow(const OrvUnicode& text)
 {
     char narrow[128] = {};
@@ -39,6 +57,32 @@ void Show(OrvGameAsset* asset, bool show)
     asset->SetRender(show, true);
     asset->SetEnabled(show, true);
 }
+
+// Gives a menu's labels room: the font draws each character a cell wide while
+// a label's box ends half a cell inside its first and last ones, so each
+// button is as wide as the longest label and a whole cell more on either side,
+// and a little higher than a line. The buttons stack down from the menu's
+// origin, the backing quad around them. The sizes are fixed from then on:
+// make the buttons with their longest texts.
+void FitMenu(OrvMenu* menu, float cell)
+{
+    std::vector<OrvButton*> buttons;
+    float width = 0.0f;
+    float height = 0.0f;
+    for (unsigned int i = 0; i < menu->GetChildCount(); ++i)
+        if (OrvButton* button = dynamic_cast<OrvButton*>(menu->GetChild(i)))
+        {
+            buttons.push_back(button);
+            width = std::max(width, button->GetLabel()->GetWidth() + 2.0f * cell);
+            height = std::max(height, button->GetLabel()->GetHeight() + 2.0f * kButtonMargin);
+        }
+    for (size_t i = 0; i < buttons.size(); ++i)
+    {
+        buttons[i]->SetQuad(-width * 0.5f, -height * 0.5f, width * 0.5f, height * 0.5f);
+        buttons[i]->SetPosition(OrvVector3D(0.0f, -height * static_cast<float>(i), 0.0f));
+    }
+    menu->ComputeOptimalSize();
+}
 }  // namespace
 
 Hud::Hud(OrvApplication* game, OrvFont* font, HudActions* actions) : m_game(game), m_actions(actions)
@@ -59,22 +103,27 @@ Hud::Hud(OrvApplication* game, OrvFont* font, HudActions* actions) : m_game(game
     panel.position.Set(0, 0, -0.5f);
     m_panel = assets->CreateGameAsset<OrvWidget, OrvWidgetDesc>(&panel);
     m_panel->AttachTo(game->GetHUDRoot());
-    m_panel->SetQuad(-330, -300, 330, 0);
-    m_panel->UseColorMaterial(OrvColor(10, 12, 24, 210));
+    // Opaque: nothing of the field shows through the text.
+    m_panel->UseColorMaterial(OrvColor(14, 16, 30, 255));
 
     OrvMenuDesc menu;
     menu.font = font;
     menu.fontSizeCoef = 0.5f;
     m_menu = assets->CreateGameAsset<OrvMenu, OrvMenuDesc>(&menu);
     m_menu->AttachTo(game->GetHUDRoot());
-    m_menu->SetBackgroundColor(OrvColor(30, 50, 110, 230));
+    m_menu->SetBackgroundColor(OrvColor(30, 50, 110, 255));
     m_options = assets->CreateGameAsset<OrvMenu, OrvMenuDesc>(&menu);
-    m_options->SetBackgroundColor(OrvColor(110, 50, 30, 230));
+    m_options->SetBackgroundColor(OrvColor(110, 50, 30, 255));
     m_resume = m_menu->AddActionButton("Resume", Clicked, this);
     m_optionsButton = m_menu->AddSubMenuButton("Options", m_options);
     m_quit = m_menu->AddActionButton("Quit", Clicked, this);
-    m_sound = m_options->AddActionButton("Sound: on", Clicked, this);
-    m_fullScreen = m_options->AddActionButton("Full screen: on", Clicked, this);
+    // Made with their longer texts, which the menu's size is fitted to.
+    m_sound = m_options->AddActionButton("Sound: off", Clicked, this);
+    m_fullScreen = m_options->AddActionButton("Full screen: off", Clicked, this);
+    const float cell = font->GetRealSymbolWidth() * menu.fontSizeCoef;
+    FitMenu(m_menu, cell);
+    FitMenu(m_options, cell);
+    ShowSound(true);
     m_menu->SetBoundingBoxColor(OrvColor(200, 210, 255, 255), true);
 
     OrvLabelDesc name;
@@ -89,11 +138,11 @@ Hud::Hud(OrvApplication* game, OrvFont* font, HudActions* actions) : m_game(game
     OrvAutoTextFieldDesc field;
     field.font = font;
     field.fontSizeCoef = 0.5f;
-    m_name = assets->CreateGameAsset<OrvAutoTextField, OrvAutoTextFieldDesc>(&field);
+    m_name = assets->CreateGameAsset<NameField, OrvAutoTextFieldDesc>(&field);
     m_name->AttachTo(game->GetHUDRoot());
     // Left-aligned text starts at the field's origin: the box reaches right from just before it.
-    m_name->SetQuad(-16, -18, 320, 18);
-    m_name->UseColorMaterial(OrvColor(30, 30, 40, 230));
+    m_name->SetQuad(kFieldLeft, -kFieldHalfHeight, kFieldRight, kFieldHalfHeight);
+    m_name->UseColorMaterial(OrvColor(44, 48, 72, 255));
     m_name->SetMaxLen(12);
 
     ShowPauseMenu(false);
@@ -125,9 +174,11 @@ void Hud::Place(float width, float height)
     PlaceFromRight(m_time, m_right, m_top);
     m_news->SetPosition(OrvVector3D(0, m_top - 44, 0));
     m_menu->SetPosition(OrvVector3D(0, 60, 0));
-    m_table->SetPosition(OrvVector3D(0, -110, 0));
-    PlaceFromLeft(m_nameLabel, -230, -40);
-    m_name->SetPosition(OrvVector3D(-230 + m_nameLabel->GetWidth() + 30, -40, 0));
+    m_table->SetPosition(OrvVector3D(0, kRowY, 0));
+    // The label and the field's box, centred together.
+    const float labelLeft = -(m_nameLabel->GetWidth() + kLabelGap - kFieldLeft + kFieldRight) * 0.5f;
+    PlaceFromLeft(m_nameLabel, labelLeft, kRowY);
+    m_name->SetPosition(OrvVector3D(labelLeft + m_nameLabel->GetWidth() + kLabelGap - kFieldLeft, kRowY, 0));
 }
 
 void Hud::ShowScore(int score)
@@ -173,6 +224,9 @@ void Hud::AskName(const std::vector<std::string>& knownNames)
     for (const std::string& name : knownNames)
         m_name->AddPossibleValue(name.c_str());
     m_name->ClearText();
+    // The panel around the name row.
+    const float half = kFieldHalfHeight + kPanelMargin;
+    m_panel->SetQuad(-kPanelHalfWidth, kRowY - half, kPanelHalfWidth, kRowY + half);
     Show(m_nameLabel, true);
     Show(m_name, true);
     m_name->SetIsEditing(true);
@@ -194,6 +248,16 @@ bool Hud::IsAskingName() const
 void Hud::ShowTable(const std::string& table)
 {
     m_table->SetText(table.c_str());
+    if (table.empty())
+        return;
+    // The panel around every line, the first on the name row; the font draws
+    // each line a label's height below the one before.
+    size_t lines = static_cast<size_t>(std::count(table.begin(), table.end(), '\n'));
+    lines += table.back() != '\n' ? 1 : 0;
+    const float line = m_table->GetHeight();
+    const float top = kRowY + line * 0.5f + kPanelMargin;
+    const float bottom = kRowY - line * (static_cast<float>(lines) - 0.5f) - kPanelMargin;
+    m_panel->SetQuad(-kPanelHalfWidth, bottom, kPanelHalfWidth, top);
 }
 
 void Hud::ShowPanel(bool show)

@@ -47,12 +47,12 @@ public:
     void ShowFullScreen(bool on);
 
     void ShowPauseMenu(bool show);
-    // Empties the name field, proposes the names known and starts editing.
+    // Empties the name field, proposes the names known and starts editing; the panel fits the name row.
     void AskName(const std::vector<std::string>& knownNames);
     // The name typed; the field stops editing and hides.
     std::string TakeName();
     bool IsAskingName() const;
-    // A table of "name points" lines; an empty text hides it.
+    // A table of "name points" lines, the panel fitted around them; an empty text hides it.
     void ShowTable(const std::string& table);
     // The dark panel behind the name field and the table.
     void ShowPanel(bool show);
