@@ -76,7 +76,18 @@ void OrvSDLRenderWindow::Create(const char* caption, unsigned int width, unsigne
     const bool chooseX11 = (running & SDL_INIT_VIDEO) == 0 && (named == nullptr || named[0] == '\0');
     if (chooseX11)
         setenv("SDL_VIDEODRIVER", "x11", 1);
-    const int started = SDL_Init(kSubsystems);
+    int started = SDL_Init(kSubsystems);
+    // SDL looks for the X server by connecting and disconnecting before it
+    // connects for good. An X server started without -noreset (a bare
+    // xvfb-run) resets when that first client leaves and refuses the next for
+    // a moment: try again a few times before saying there is no display.
+    const char* const display = std::getenv("DISPLAY");
+    for (int attempt = 0; started != 0 && chooseX11 && display != nullptr && display[0] != '\0' && attempt < 10;
+         ++attempt)
+    {
+        SDL_Delay(20);
+        started = SDL_Init(kSubsystems);
+    }
     if (chooseX11)
         unsetenv("SDL_VIDEODRIVER");
     if (started != 0)
