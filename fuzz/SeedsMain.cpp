@@ -191,6 +191,21 @@ std::string SavedXML(const char* text, OrvFile::SAVE_OPTION option)
     return bytes;
 }
 
+// Recorded sessions: one of every event, and the ways a file goes wrong.
+void SessionSeeds()
+{
+    const std::string head = "<OrvSession>\n<Version>1</Version>\n<Seed>7</Seed>\n<Devices>7</Devices>\n";
+    const std::string turns = "<T>0.0166666675 F7 K1,273,97</T>\n<T>0.0166666675 M400,300,2,-1 B1,1,400,300</T>\n"
+                              "<T>0.02 A0,1,-32768 J1,0,3 H0,0,8 K0,273,0</T>\n";
+    Put("session", "every-event.xml", head + turns + "</OrvSession>\n");
+    Put("session", "cut.xml", head + turns.substr(0, turns.size() - 20));
+    Put("session", "version-2.xml", "<OrvSession><Version>2</Version><Seed>1</Seed><Devices>7</Devices></OrvSession>");
+    Put("session", "unknown-event.xml", head + "<T>0.01 Q1,2</T></OrvSession>");
+    Put("session", "no-joypad.xml",
+        "<OrvSession><Version>1</Version><Seed>1</Seed><Devices>3</Devices><T>0.01 A0,0,5</T></OrvSession>");
+    Put("session", "compressed.xml", SavedXML((head + turns + "</OrvSession>").c_str(), OrvFile::SAVE_COMPRESSED));
+}
+
 void XmlSeeds()
 {
     InFolder here(g_out / "xml");
@@ -477,8 +492,8 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "Usage: orvfuzz-seeds OUTDIR\n");
         return 2;
     }
-    const char* const targets[] = {"bigfile", "xml", "zlib", "tga", "bmp", "png", "wav", "unicode", "spriteset",
-                                   "animation"};
+    const char* const targets[] = {"bigfile", "xml", "zlib", "tga", "bmp", "png", "wav", "unicode", "session",
+                                   "spriteset", "animation"};
     try
     {
         fs::create_directories(argv[1]);
@@ -490,6 +505,7 @@ int main(int argc, char** argv)
 
         TgaSeeds();
         XmlSeeds();
+        SessionSeeds();
         ZlibSeeds();
         BigFileSeeds(work);
         BmpSeeds();

@@ -2,6 +2,8 @@
 #define ORV_APPLICATION_H
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "OrvInputListner.h"
 #include "OrvTObjectArray.h"
@@ -21,6 +23,7 @@ class OrvMaterialShelf;
 class OrvMouse;
 class OrvRenderWindow;
 class OrvRenderer;
+class OrvSessionDriver;
 class OrvSoundManager;
 class OrvSpriteManager;
 class OrvTextureManager;
@@ -77,6 +80,22 @@ public:
     virtual void OnLostInputFocus();
     virtual void OnBecameActive();
     virtual void OnBecameInactive();
+
+    /// Records this run into a session file (OrvSession): rand()'s seed, and
+    /// every turn's frame time and input. ORV_RECORD=file does the same (ORV_SEED
+    /// fixes the seed). Set before Run().
+    void SetRecordFile(const std::string& file) { m_recordFile = file; }
+    /// Plays a recorded session instead of the live devices: rand() seeded as
+    /// recorded, each turn with its recorded frame time and input, as fast as
+    /// the machine draws, then Exit() after the last turn. ORV_REPLAY=file does
+    /// the same. A bad file is refused with OrvFileException naming it and the turn.
+    void SetReplayFile(const std::string& file) { m_replayFile = file; }
+    /// During a replay, saves the frames of these turns (counted from 0) as
+    /// FOLDER/turn-NNNNN.png. ORV_REPLAY_SHOTS=10,200 and ORV_SHOT_DIR=folder
+    /// do the same.
+    void SetReplayScreenshots(const std::vector<unsigned int>& turns, const std::string& folder);
+    /// The turn being run, counted from 0, while a session records or replays.
+    unsigned int GetSessionTurn() const;
 
     /// Initialises, runs turns until Exit(), terminates. Exceptions pass through
     /// without Term(); the destructor still releases what remains.
@@ -147,6 +166,8 @@ public:
 
 private:
     void ReportFocusChanges();
+    /// Makes the session recorder or player asked for, if any.
+    void StartSession();
     OrvGameAsset* CreateRoot(const char* name);
     /// Destroys every game asset, the roots included.
     void DestroyGameAssets();
@@ -162,6 +183,7 @@ private:
     /// asset manager comes last so that the assets go first.
     std::unique_ptr<OrvRenderWindow> m_window;
     std::unique_ptr<OrvFileManager> m_fileManager;
+    std::unique_ptr<OrvSessionDriver> m_session;
     std::unique_ptr<OrvRenderer> m_renderer;
     std::unique_ptr<OrvCamera> m_worldCamera;
     std::unique_ptr<OrvCamera> m_hudCamera;
@@ -188,6 +210,10 @@ private:
     unsigned int m_previousAppState;
     unsigned int m_currentAppState;
     bool m_depthAndStencil;
+    std::string m_recordFile;
+    std::string m_replayFile;
+    std::vector<unsigned int> m_shotTurns;
+    std::string m_shotFolder;
 };
 
 #endif

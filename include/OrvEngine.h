@@ -92,6 +92,8 @@
 #include "OrvRay.h"
 #include "OrvRenderWindow.h"
 #include "OrvRenderer.h"
+#include "OrvSession.h"
+#include "OrvPNGWriter.h"
 #include "OrvRendererException.h"
 #include "OrvSDLJoypad.h"
 #include "OrvSDLKeyboard.h"

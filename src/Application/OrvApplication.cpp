@@ -21,6 +21,7 @@
 #include "OrvMessageManager.h"
 #include "OrvOpenGLRenderer.h"
 #include "OrvSDLRenderWindow.h"
+#include "OrvSessionDriver.h"
 #include "OrvSoundManager.h"
 #include "OrvSpriteManager.h"
 #include "OrvTextureManager.h"
@@ -104,7 +105,10 @@ void OrvApplication::Initialise(unsigned int width, unsigned int height)
     m_spriteManager.reset(new OrvSpriteManager(this));
     m_timerManager.reset(new OrvTimerManager());
     m_soundManager.reset(new OrvSoundManager(this));
+    StartSession();
     OnInitialise();
+    if (m_session != nullptr)
+        m_session->DevicesReady(m_inputManagerOwned.get());
     m_screenBox.reset(new OrvAxisAlignedBox(m_renderer.get()));
     UpdateScreenBox();
     m_running = true;
@@ -157,6 +161,7 @@ void OrvApplication::Release(bool keepAssetManagerAndShelf)
     if (m_fileManager != nullptr)
         m_fileManager->DeleteAllFiles();
     m_fileManager.reset();
+    m_session.reset();
     m_window.reset();
 }
 

@@ -15,6 +15,7 @@
 #include "OrvMessageManager.h"
 #include "OrvRenderWindow.h"
 #include "OrvRenderer.h"
+#include "OrvSessionDriver.h"
 #include "OrvSoundManager.h"
 #include "OrvTextureManager.h"
 #include "OrvTime.h"
@@ -85,9 +86,14 @@ void OrvApplication::Run()
 
 void OrvApplication::Update(float seconds)
 {
+    // A replayed turn runs with its recorded frame time.
+    if (m_session != nullptr)
+        seconds = m_session->BeginTurn(seconds);
     ReportFocusChanges();
     if (m_inputManagerOwned != nullptr)
         m_inputManagerOwned->Capture();
+    if (m_session != nullptr)
+        m_session->InputTaken();
     if (m_timerManager != nullptr)
         m_timerManager->Update(seconds);
     if (!m_paused && m_worldRoot != nullptr)
@@ -138,6 +144,12 @@ void OrvApplication::RenderHUD()
     for (unsigned int i = 0; i < m_cursors.GetCount(); ++i)
         m_cursors[i]->Render();
     pass.Flush();
+    if (m_session != nullptr && m_renderer != nullptr)
+    {
+        m_session->FrameDrawn(m_renderer->GetViewportWidth(), m_renderer->GetViewportHeight());
+        if (m_session->Ended())
+            Exit();
+    }
     if (m_renderer != nullptr)
         m_renderer->LoadIdentityMatrix(TRANS_MATRIX_MODEL);
 }

@@ -2,13 +2,15 @@
 
 #include <SDL.h>
 
+#include "../Input/OrvSDLEventSource.h"
+
 static_assert(OrvSDLFocus::kMouseFocus == SDL_APPMOUSEFOCUS && OrvSDLFocus::kInputFocus == SDL_APPINPUTFOCUS &&
                   OrvSDLFocus::kActive == SDL_APPACTIVE,
               "the application's focus bits are SDL's");
 
 unsigned int OrvSDLFocus::GetAppState()
 {
-    return SDL_GetAppState() & 0xFFu;
+    return OrvSDLEventSource::AppState() & 0xFFu;
 }
 
 void OrvSDLFocus::ShowPointer(bool shown)

@@ -5,6 +5,7 @@
 #include "OrvInputException.h"
 #include "OrvInputListner.h"
 #include "OrvSDLEventPump.h"
+#include "OrvSDLEventSource.h"
 
 OrvInputManager::OrvInputManager() = default;
 
@@ -65,7 +66,10 @@ void OrvInputManager::DropUntakenEvents()
     for (unsigned int i = 0; i < m_devices.GetSize(); ++i)
         if (const OrvInputDevice* device = m_devices[i])
             taken |= device->GetTakenEvents();
-    if (taken != OrvInputDevice::kTakesAnything)
+    // A replay takes nothing live: the player's keys, pointer and joypad go nowhere.
+    if (OrvSDLEventSource::Replaying())
+        OrvSDLEventPump::DropAllBut(0);
+    else if (taken != OrvInputDevice::kTakesAnything)
         OrvSDLEventPump::DropAllBut(taken);
 }
 

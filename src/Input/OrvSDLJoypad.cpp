@@ -8,6 +8,7 @@
 #include "OrvJoypadAxisEvent.h"
 #include "OrvJoypadButtonEvent.h"
 #include "OrvJoypadHatEvent.h"
+#include "OrvSDLEventSource.h"
 
 namespace
 {
@@ -95,14 +96,14 @@ void OrvSDLJoypad::AxisMoved(int sdlAxis, int raw)
 void OrvSDLJoypad::Capture()
 {
     SDL_Event events[kEventsPerCapture];
-    const int count = SDL_PeepEvents(events, kEventsPerCapture, SDL_GETEVENT, SDL_JOYEVENTMASK);
+    const int count = OrvSDLEventSource::Take(events, kEventsPerCapture, SDL_JOYEVENTMASK);
     for (int i = 0; i < count; ++i)
     {
         SDL_Event& sdl = events[i];
         // Every joystick event starts with its joystick's number.
         if (sdl.jaxis.which != m_joypadIndex)
         {
-            SDL_PushEvent(&sdl);
+            OrvSDLEventSource::PutBack(sdl);
             continue;
         }
         switch (sdl.type)

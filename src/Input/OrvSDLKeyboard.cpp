@@ -4,6 +4,7 @@
 
 #include "OrvInputManager.h"
 #include "OrvKeyboardEvent.h"
+#include "OrvSDLEventSource.h"
 
 namespace
 {
@@ -85,7 +86,7 @@ void OrvSDLKeyboard::Capture()
     SDL_Event taken;
     for (int i = 0; i < kEventsPerCapture; ++i)
     {
-        if (SDL_PeepEvents(&taken, 1, SDL_GETEVENT, SDL_KEYDOWNMASK | SDL_KEYUPMASK) <= 0)
+        if (OrvSDLEventSource::Take(&taken, 1, SDL_KEYDOWNMASK | SDL_KEYUPMASK) <= 0)
             break;
         const SDL_KeyboardEvent& key = taken.key;
         OrvUnicode text;

@@ -4,6 +4,7 @@
 
 #include "OrvInputManager.h"
 #include "OrvMouseButtonEvent.h"
+#include "OrvSDLEventSource.h"
 
 OrvSDLMouse::OrvSDLMouse() = default;
 
@@ -33,16 +34,15 @@ void OrvSDLMouse::Capture()
     SDL_Event sdl;
     for (int i = 0; i < kEventsPerCapture; ++i)
     {
-        if (SDL_PeepEvents(&sdl, 1, SDL_GETEVENT, SDL_MOUSEMOTIONMASK | SDL_MOUSEBUTTONDOWNMASK |
-                                                      SDL_MOUSEBUTTONUPMASK) <= 0)
+        if (OrvSDLEventSource::Take(&sdl, 1, SDL_MOUSEMOTIONMASK | SDL_MOUSEBUTTONDOWNMASK | SDL_MOUSEBUTTONUPMASK) <=
+            0)
             break;
         if (sdl.type == SDL_MOUSEMOTION)
         {
-            int x = 0, y = 0;
-            SDL_GetMouseState(&x, &y);
-            m_position.Set(static_cast<float>(x), static_cast<float>(y));
-            SDL_GetRelativeMouseState(&x, &y);
-            m_relative.Set(static_cast<float>(x), static_cast<float>(y));
+            // The event source puts the pointer's position and its motion since
+            // the last motion taken into the event.
+            m_position.Set(static_cast<float>(sdl.motion.x), static_cast<float>(sdl.motion.y));
+            m_relative.Set(static_cast<float>(sdl.motion.xrel), static_cast<float>(sdl.motion.yrel));
             Dispatch(OrvInputEvent(INPUT_MOUSE_MOVED, this));
             continue;
         }

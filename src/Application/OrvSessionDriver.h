@@ -1,0 +1,62 @@
+#ifndef ORV_SESSION_DRIVER_H
+#define ORV_SESSION_DRIVER_H
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "OrvSession.h"
+
+class OrvFileManager;
+class OrvInputManager;
+
+// The application's recorder and player of sessions (OrvSession). Recording,
+// it seeds rand(), writes the file's head once the game has its devices,
+// then every turn's frame time and input as soon as the turn has taken its
+// input: the file on disk is a whole document after every turn. Replaying,
+// it seeds rand() from the file, hands the devices each recorded turn in
+// place of the live queue, gives the turn its recorded frame time, saves the
+// frames asked for, and says when the last turn has run.
+class OrvSessionDriver
+{
+public:
+    OrvSessionDriver(const std::string& record, const std::string& replay, const std::vector<unsigned int>& shots,
+                     const std::string& shotFolder);
+    ~OrvSessionDriver();
+    OrvSessionDriver(const OrvSessionDriver&) = delete;
+    OrvSessionDriver& operator=(const OrvSessionDriver&) = delete;
+
+    // Before the game's OnInitialise: reads the replayed session, or opens the
+    // recorded one; seeds rand() either way.
+    void Start(OrvFileManager* files);
+    // After OnInitialise: the devices the game has.
+    void DevicesReady(const OrvInputManager* input);
+    // At the start of a turn: the seconds it runs with.
+    float BeginTurn(float liveSeconds);
+    // Once the turn took its input.
+    void InputTaken();
+    // The turn's frame is drawn (not yet shown): saves it when asked for.
+    void FrameDrawn(unsigned int width, unsigned int height);
+    // A replay whose last turn has run.
+    bool Ended() const;
+    unsigned int GetTurn() const { return m_turn; }
+    // Closes the recorded file and gives the devices back to the live queue.
+    void Stop();
+
+private:
+    void Write(const std::string& bytes);
+    void CheckDevices(const OrvSession::Turn& turn) const;
+
+    std::string m_recordFile;
+    std::string m_replayFile;
+    std::vector<unsigned int> m_shots;
+    std::string m_shotFolder;
+    OrvSession m_session;
+    OrvSession::Turn m_recording;
+    std::FILE* m_file = nullptr;
+    unsigned int m_taken = 0;
+    unsigned int m_turn = 0;
+    bool m_turnRunning = false;
+};
+
+#endif
