@@ -83,7 +83,7 @@ public:
 
     /// Records this run into a session file (OrvSession): rand()'s seed, and
     /// every turn's frame time and input. ORV_RECORD=file does the same (ORV_SEED
-    /// fixes the seed). Set before Run().
+    /// chooses the number rand() starts from). Set before Run().
     void SetRecordFile(const std::string& file) { m_recordFile = file; }
     /// Plays a recorded session instead of the live devices: rand() seeded as
     /// recorded, each turn with its recorded frame time and input, as fast as
