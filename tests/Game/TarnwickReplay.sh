@@ -18,9 +18,11 @@ done
 for turn in 00060 00250 00519; do
   "$orvshot" diff "$work/replay1/turn-$turn.png" "$work/replay2/turn-$turn.png"
 done
-# A replay of a broken file says which file and which turn, and fails.
+# A replay of a broken file says which file and which turn, and fails. The
+# game ends by the exception, as with its other refusals, so leaks are not
+# looked for in that run.
 head -c 2000 "$work/session.xml" > "$work/cut.xml"
-if ORV_REPLAY="$work/cut.xml" ./Tarnwick --demo --save "$work/replay1" > "$work/cut.log" 2>&1; then
+if ASAN_OPTIONS="${ASAN_OPTIONS:-}:detect_leaks=0" ORV_REPLAY="$work/cut.xml" ./Tarnwick --demo --save "$work/replay1" > "$work/cut.log" 2>&1; then
   echo "a cut session was replayed" >&2
   exit 1
 fi
