@@ -194,7 +194,8 @@ std::string SavedXML(const char* text, OrvFile::SAVE_OPTION option)
 // Recorded sessions: one of every event, and the ways a file goes wrong.
 void SessionSeeds()
 {
-    const std::string head = "<OrvSession>\n<Version>1</Version>\n<Seed>7</Seed>\n<Devices>7</Devices>\n";
+    const std::string head =
+        "<OrvSession>\n<Version>1</Version>\n<Seed>7</Seed>\n<Devices>7</Devices>\n<Window>1024 768</Window>\n";
     const std::string turns = "<T>0.0166666675 F7 K1,273,97</T>\n<T>0.0166666675 M400,300,2,-1 B1,1,400,300</T>\n"
                               "<T>0.02 A0,1,-32768 J1,0,3 H0,0,8 K0,273,0</T>\n";
     Put("session", "every-event.xml", head + turns + "</OrvSession>\n");

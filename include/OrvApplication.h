@@ -94,6 +94,11 @@ public:
     /// FOLDER/turn-NNNNN.png. ORV_REPLAY_SHOTS=10,200 and ORV_SHOT_DIR=folder
     /// do the same.
     void SetReplayScreenshots(const std::vector<unsigned int>& turns, const std::string& folder);
+    /// Plays the replayed session this many times in a row (0: until the game
+    /// exits), for soak tests; rand() is seeded once, and the turns keep
+    /// counting across passes. ORV_REPLAY_PASSES=n does the same. A session
+    /// meant to be repeated ends in the state it began in.
+    void SetReplayPasses(unsigned int passes) { m_replayPasses = passes; }
     /// The turn being run, counted from 0, while a session records or replays.
     unsigned int GetSessionTurn() const;
 
@@ -212,6 +217,7 @@ private:
     bool m_depthAndStencil;
     std::string m_recordFile;
     std::string m_replayFile;
+    unsigned int m_replayPasses = 1;
     std::vector<unsigned int> m_shotTurns;
     std::string m_shotFolder;
 };

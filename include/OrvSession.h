@@ -17,12 +17,16 @@ class OrvXMLElement;
 ///       <Version>1</Version>
 ///       <Seed>1234</Seed>
 ///       <Devices>7</Devices>
+///       <Window>1024 768</Window>
 ///       <T>0.016666668 K1,273,0 M400,300,2,0</T>
 ///       ...
 ///     </OrvSession>
 ///
 /// Devices holds the kinds of input the recorded game had (OrvInputDevice's
-/// kTakes... bits: 1 keys, 2 mouse, 4 joypad). Each T is one turn, in order:
+/// kTakes... bits: 1 keys, 2 mouse, 4 joypad). Window, which may be left out,
+/// is the size in pixels the game drew at: a replay opens a window of that
+/// size (never the full screen), so that the recorded pointer lands where it
+/// did whatever the desktop's size. Each T is one turn, in order:
 /// its frame time in seconds, then its events, each a letter followed by whole
 /// numbers separated by commas:
 ///
@@ -72,12 +76,22 @@ public:
     void SetSeed(unsigned int seed) { m_seed = seed; }
     unsigned int GetDevices() const { return m_devices; }
     void SetDevices(unsigned int devices) { m_devices = devices; }
+    /// The window's size; 0 × 0 where the file does not say.
+    unsigned int GetWindowWidth() const { return m_windowWidth; }
+    unsigned int GetWindowHeight() const { return m_windowHeight; }
+    void SetWindow(unsigned int width, unsigned int height)
+    {
+        m_windowWidth = width;
+        m_windowHeight = height;
+    }
     const std::vector<Turn>& GetTurns() const { return m_turns; }
     std::vector<Turn>& GetTurns() { return m_turns; }
 
 private:
     unsigned int m_seed = 0;
     unsigned int m_devices = 0;
+    unsigned int m_windowWidth = 0;
+    unsigned int m_windowHeight = 0;
     std::vector<Turn> m_turns;
 };
 

@@ -86,6 +86,17 @@ void OrvApplication::Initialise(unsigned int width, unsigned int height)
     m_window->Create("The Tarnwick", width, height, true);
     m_fileManager.reset(new OrvFileManager());
     LoadMediaPaths();
+    // A replay draws at the size it was recorded at, in a window, whatever
+    // the desktop's size: the recorded pointer lands where it did.
+    StartSession();
+    unsigned int replayWidth = 0, replayHeight = 0;
+    if (m_session != nullptr && m_session->ReplayWindow(replayWidth, replayHeight))
+    {
+        if (m_window->GetFullScreen())
+            m_window->ToggleFullScreen();
+        if (m_window->GetWidth() != replayWidth || m_window->GetHeight() != replayHeight)
+            m_window->SetWindowSize(replayWidth, replayHeight);
+    }
     m_renderer.reset(new OrvOpenGLRenderer(this));
     // The window knows the size it really took (the desktop's for 0xFFFFFFFF).
     m_renderer->Setup(0, 0, m_window->GetWidth(), m_window->GetHeight());
@@ -105,10 +116,10 @@ void OrvApplication::Initialise(unsigned int width, unsigned int height)
     m_spriteManager.reset(new OrvSpriteManager(this));
     m_timerManager.reset(new OrvTimerManager());
     m_soundManager.reset(new OrvSoundManager(this));
-    StartSession();
     OnInitialise();
     if (m_session != nullptr)
-        m_session->DevicesReady(m_inputManagerOwned.get());
+        m_session->DevicesReady(m_inputManagerOwned.get(), m_renderer->GetViewportWidth(),
+                                m_renderer->GetViewportHeight());
     m_screenBox.reset(new OrvAxisAlignedBox(m_renderer.get()));
     UpdateScreenBox();
     m_running = true;

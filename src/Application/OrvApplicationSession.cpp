@@ -17,8 +17,8 @@ std::string FromEnvironment(const char* variable)
     return value != nullptr ? value : "";
 }
 
-// "10,200,300": the turns to save; refused unless every item is a number.
-std::vector<unsigned int> TurnList(const std::string& text)
+// "10,200,300", the value of `variable`: refused unless every item is a number.
+std::vector<unsigned int> TurnList(const std::string& text, const char* variable = "ORV_REPLAY_SHOTS")
 {
     std::vector<unsigned int> turns;
     size_t at = 0;
@@ -32,7 +32,7 @@ std::vector<unsigned int> TurnList(const std::string& text)
         const unsigned long turn = std::strtoul(item.c_str(), &end, 10);
         if (item.empty() || *end != '\0' || item[0] == '-' || turn > 0xFFFFFFFFul)
             ORV_THROW(OrvException,
-                      "ORV_REPLAY_SHOTS lists turns as whole numbers separated by commas (10,200), not " + text,
+                      std::string(variable) + " lists whole numbers separated by commas (10,200), not " + text,
                       "src/Application/OrvApplicationSession");
         turns.push_back(static_cast<unsigned int>(turn));
         at = comma + 1;
@@ -67,6 +67,16 @@ void OrvApplication::StartSession()
         shots = TurnList(FromEnvironment("ORV_REPLAY_SHOTS"));
     if (folder.empty())
         folder = FromEnvironment("ORV_SHOT_DIR");
-    m_session.reset(new OrvSessionDriver(record, replay, shots, folder));
+    unsigned int passes = m_replayPasses;
+    const std::string passesText = FromEnvironment("ORV_REPLAY_PASSES");
+    if (passes == 1 && !passesText.empty())
+    {
+        const std::vector<unsigned int> listed = TurnList(passesText, "ORV_REPLAY_PASSES");
+        if (listed.size() != 1)
+            ORV_THROW(OrvException, "ORV_REPLAY_PASSES is one whole number, not " + passesText,
+                      "src/Application/OrvApplicationSession");
+        passes = listed[0];
+    }
+    m_session.reset(new OrvSessionDriver(record, replay, shots, folder, passes));
     m_session->Start(m_fileManager.get());
 }

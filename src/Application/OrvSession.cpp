@@ -216,6 +216,16 @@ void OrvSession::Read(const OrvXMLElement* root, const std::string& name)
     if (devices == nullptr || !Ascii(devices, text) || !WholeNumber(text, 0, 7, value))
         Refuse(name, "does not say which input devices it was recorded with");
     m_devices = static_cast<unsigned int>(value);
+    m_windowWidth = m_windowHeight = 0;
+    if (const OrvXMLElement* window = root->SearchChildNamed("Window"))
+    {
+        const size_t space = Ascii(window, text) ? text.find(' ') : std::string::npos;
+        long height = 0;
+        if (space == std::string::npos || !WholeNumber(text.substr(0, space), 1, 16384, value) ||
+            !WholeNumber(text.substr(space + 1), 1, 16384, height))
+            Refuse(name, "does not give its window's size as two whole numbers (1024 768)");
+        SetWindow(static_cast<unsigned int>(value), static_cast<unsigned int>(height));
+    }
 
     m_turns.clear();
     for (unsigned int i = 0; i < root->GetChildCount(); ++i)

@@ -40,8 +40,9 @@ const char* DeviceName(unsigned int taken)
 }  // namespace
 
 OrvSessionDriver::OrvSessionDriver(const std::string& record, const std::string& replay,
-                                   const std::vector<unsigned int>& shots, const std::string& shotFolder)
-    : m_recordFile(record), m_replayFile(replay), m_shots(shots), m_shotFolder(shotFolder)
+                                   const std::vector<unsigned int>& shots, const std::string& shotFolder,
+                                   unsigned int passes)
+    : m_recordFile(record), m_replayFile(replay), m_shots(shots), m_shotFolder(shotFolder), m_passes(passes)
 {
 }
 
@@ -74,7 +75,16 @@ void OrvSessionDriver::Start(OrvFileManager* files)
         ORV_THROW(OrvFileException, "Can't write the session file : " + m_recordFile, kSource);
 }
 
-void OrvSessionDriver::DevicesReady(const OrvInputManager* input)
+bool OrvSessionDriver::ReplayWindow(unsigned int& width, unsigned int& height) const
+{
+    if (m_replayFile.empty() || m_session.GetWindowWidth() == 0)
+        return false;
+    width = m_session.GetWindowWidth();
+    height = m_session.GetWindowHeight();
+    return true;
+}
+
+void OrvSessionDriver::DevicesReady(const OrvInputManager* input, unsigned int width, unsigned int height)
 {
     m_taken = 0;
     for (unsigned int i = 0; input != nullptr && i < input->GetDeviceCount(); ++i)
@@ -84,9 +94,10 @@ void OrvSessionDriver::DevicesReady(const OrvInputManager* input)
     if (m_file == nullptr)
         return;
     m_session.SetDevices(m_taken);
+    m_session.SetWindow(width, height);
     Write("<OrvSession>\n" + Printed("Version", std::to_string(OrvSession::kVersion)) +
           Printed("Seed", std::to_string(m_session.GetSeed())) + Printed("Devices", std::to_string(m_taken)) +
-          kRootEnd);
+          Printed("Window", std::to_string(width) + " " + std::to_string(height)) + kRootEnd);
 }
 
 float OrvSessionDriver::BeginTurn(float liveSeconds)
@@ -97,14 +108,15 @@ float OrvSessionDriver::BeginTurn(float liveSeconds)
     if (!m_replayFile.empty())
     {
         const std::vector<OrvSession::Turn>& turns = m_session.GetTurns();
-        if (m_turn >= turns.size())
+        if (turns.empty() || (m_passes != 0 && m_turn / turns.size() >= m_passes))
         {
             OrvSDLEventSource::Replay(nullptr);
             return 0.0f;
         }
-        CheckDevices(turns[m_turn]);
-        OrvSDLEventSource::Replay(&turns[m_turn]);
-        return turns[m_turn].seconds;
+        const OrvSession::Turn& turn = turns[m_turn % turns.size()];
+        CheckDevices(turn);
+        OrvSDLEventSource::Replay(&turn);
+        return turn.seconds;
     }
     m_recording.seconds = liveSeconds;
     m_recording.events.clear();
@@ -136,7 +148,11 @@ void OrvSessionDriver::FrameDrawn(unsigned int width, unsigned int height)
 
 bool OrvSessionDriver::Ended() const
 {
-    return !m_replayFile.empty() && m_turn + 1 >= m_session.GetTurns().size();
+    if (m_replayFile.empty())
+        return false;
+    if (m_session.GetTurns().empty())
+        return true;
+    return m_passes != 0 && m_turn + 1 >= static_cast<unsigned long long>(m_session.GetTurns().size()) * m_passes;
 }
 
 void OrvSessionDriver::Stop()

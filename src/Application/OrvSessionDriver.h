@@ -16,21 +16,24 @@ class OrvInputManager;
 // input: the file on disk is a whole document after every turn. Replaying,
 // it seeds rand() from the file, hands the devices each recorded turn in
 // place of the live queue, gives the turn its recorded frame time, saves the
-// frames asked for, and says when the last turn has run.
+// frames asked for, and says when the last turn has run (of the last pass,
+// when the session is played more than once).
 class OrvSessionDriver
 {
 public:
     OrvSessionDriver(const std::string& record, const std::string& replay, const std::vector<unsigned int>& shots,
-                     const std::string& shotFolder);
+                     const std::string& shotFolder, unsigned int passes = 1);
     ~OrvSessionDriver();
     OrvSessionDriver(const OrvSessionDriver&) = delete;
     OrvSessionDriver& operator=(const OrvSessionDriver&) = delete;
 
-    // Before the game's OnInitialise: reads the replayed session, or opens the
+    // Before the renderer is made: reads the replayed session, or opens the
     // recorded one; seeds rand() either way.
     void Start(OrvFileManager* files);
-    // After OnInitialise: the devices the game has.
-    void DevicesReady(const OrvInputManager* input);
+    // The window a replay opens: true, with its size, where the session says.
+    bool ReplayWindow(unsigned int& width, unsigned int& height) const;
+    // After OnInitialise: the devices the game has, the size it draws at.
+    void DevicesReady(const OrvInputManager* input, unsigned int width, unsigned int height);
     // At the start of a turn: the seconds it runs with.
     float BeginTurn(float liveSeconds);
     // Once the turn took its input.
@@ -51,10 +54,13 @@ private:
     std::string m_replayFile;
     std::vector<unsigned int> m_shots;
     std::string m_shotFolder;
+    // Times the replayed session is played; 0: until the game exits.
+    unsigned int m_passes;
     OrvSession m_session;
     OrvSession::Turn m_recording;
     std::FILE* m_file = nullptr;
     unsigned int m_taken = 0;
+    // Counted from the first turn of the first pass.
     unsigned int m_turn = 0;
     bool m_turnRunning = false;
 };

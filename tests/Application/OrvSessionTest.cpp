@@ -52,6 +52,7 @@ TEST(OrvSessionTest, TurnsReadBackAsTheyWereWritten)
                                   session));
     EXPECT_EQ(42u, session.GetSeed());
     EXPECT_EQ(3u, session.GetDevices());
+    EXPECT_EQ(0u, session.GetWindowWidth()) << "a file may leave its window's size out";
     ASSERT_EQ(2u, session.GetTurns().size());
     const OrvSession::Turn& read = session.GetTurns()[0];
     EXPECT_EQ(turn.seconds, read.seconds);  // the very same float
@@ -79,6 +80,11 @@ TEST(OrvSessionTest, BadFilesAreRefusedNamingTheFileAndTheTurn)
     EXPECT_EQ("The session file session.xml holds an event of a device it says it was not recorded with (A) at "
               "turn 2",
               Refusal(kHead + "<T>0.01</T><T>0.01</T><T>0.01 A0,1,5</T></OrvSession>", session));
+    EXPECT_EQ("The session file session.xml does not give its window's size as two whole numbers (1024 768)",
+              Refusal(kHead + "<Window>1024x768</Window></OrvSession>", session));
+    ASSERT_EQ("accepted", Refusal(kHead + "<Window>800 600</Window></OrvSession>", session));
+    EXPECT_EQ(800u, session.GetWindowWidth());
+    EXPECT_EQ(600u, session.GetWindowHeight());
     EXPECT_EQ("The session file session.xml has no seed for rand()",
               Refusal("<OrvSession><Version>1</Version></OrvSession>", session));
     EXPECT_EQ("The session file missing.xml cannot be read", [&] {
