@@ -1,14 +1,17 @@
 // orvshot: compares screenshots.
 //
-//   orvshot diff A.png B.png [--tolerance N] [--out DIFF.png]
+//   orvshot diff A.png B.png [--tolerance N] [--allow PIXELS] [--out DIFF.png]
 //
 // Two pictures of the same size match when no channel of any pixel differs by
-// more than N (0 by default: byte for byte). Prints how many pixels differ
+// more than N (0 by default: byte for byte), or at most PIXELS pixels do (0
+// by default): rasterisers round the edges of shapes differently, where one
+// pixel can change a lot. Prints how many pixels differ
 // beyond the tolerance and the largest difference; with --out, writes a
 // picture of the differences: matching pixels dimmed to a grey of B, the
 // others red. Exit status: 0 match, 1 differ, 2 bad usage or unreadable file.
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -22,7 +25,7 @@
 
 namespace
 {
-const char* const kUsage = "Usage: orvshot diff A.png B.png [--tolerance N] [--out DIFF.png]\n";
+const char* const kUsage = "Usage: orvshot diff A.png B.png [--tolerance N] [--allow PIXELS] [--out DIFF.png]\n";
 
 using Picture = PngPixels;
 
@@ -35,11 +38,25 @@ Picture Read(const char* name)
     return picture;
 }
 
-bool Number(const char* text, long& value)
+// A whole number from 0 to `most`.
+bool Whole(const char* text, long& value, long most)
 {
+    if (text[0] < '0' || text[0] > '9')
+        return false;
+    errno = 0;
     char* end = nullptr;
     value = std::strtol(text, &end, 10);
-    return end != text && *end == '\0' && value >= 0 && value <= 255;
+    return errno == 0 && *end == '\0' && value <= most;
+}
+
+bool Number(const char* text, long& value)
+{
+    return Whole(text, value, 255);
+}
+
+bool Count(const char* text, long& value)
+{
+    return Whole(text, value, 0x7FFFFFFF);
 }
 }  // namespace
 
@@ -51,10 +68,13 @@ int main(int argc, char** argv)
         return 2;
     }
     long tolerance = 0;
+    long allowed = 0;
     std::string out;
     for (int i = 4; i < argc; ++i)
     {
         if (std::strcmp(argv[i], "--tolerance") == 0 && i + 1 < argc && Number(argv[i + 1], tolerance))
+            ++i;
+        else if (std::strcmp(argv[i], "--allow") == 0 && i + 1 < argc && Count(argv[i + 1], allowed))
             ++i;
         else if (std::strcmp(argv[i], "--out") == 0 && i + 1 < argc)
             out = argv[++i];
@@ -95,7 +115,7 @@ int main(int argc, char** argv)
             OrvPNGWriter::Write(out, b.width, b.height, picture.data());
         std::printf("orvshot: %zu of %zu pixels differ by more than %ld (largest difference %d)\n", differing,
                     a.rgba.size() / 4, tolerance, largest);
-        return differing == 0 ? 0 : 1;
+        return differing <= static_cast<size_t>(allowed) ? 0 : 1;
     }
     catch (const OrvException& e)
     {
