@@ -7,7 +7,6 @@
 #include <cstring>
 
 #include "Creature.h"
-#include "DemoScript.h"
 #include "Hero.h"
 #include <OrvEngine/OrvAxisAlignedBox.h>
 #include <OrvEngine/OrvCamera.h>
@@ -38,6 +37,8 @@
 namespace
 {
 const float kDemoTurn = 1.0f / 60.0f;
+// Found beside the game, along its media paths.
+const char* const kDemoSession = "TarnwickDemo.xml";
 const unsigned int kMostGems = 6;
 const unsigned int kSkitters = 3;
 
@@ -79,7 +80,21 @@ double TurnTimes::Quantile(double share) const
     return m_longest;
 }
 
-TarnwickGame::TarnwickGame(const GameOptions& options) : m_options(options) {}
+TarnwickGame::TarnwickGame(const GameOptions& options) : m_options(options)
+{
+    if (m_options.demo)
+    {
+        // The demo is a recorded session: the hero walks right and down for
+        // the first gems, then is sent across the field by a click; Escape
+        // pauses, the pointer rests on Options until its sub-menu opens and
+        // turns the sound off, then clicks Resume. When the round is over it
+        // types "Ar", takes the proposed name with Tab and keeps it with
+        // Return; Space at the table starts the next round. Asked for more
+        // turns than it holds, the demo plays it again, round after round.
+        SetReplayFile(kDemoSession);
+        SetReplayPasses(m_options.frames != 0 ? 0 : 1);
+    }
+}
 
 TarnwickGame::~TarnwickGame() = default;
 
@@ -133,8 +148,6 @@ void TarnwickGame::OnInitialise()
     m_round = GetTimerManager()->AddTimer();
     m_round->SetTickCallBack(RoundTick, this);
     m_round->SetEndCallBack(RoundOver, this);
-    if (m_options.demo)
-        m_script.reset(new DemoScript(this));
     // Turning the sound off stops everything, which the sound manager reports.
     GetSoundManager()->SetSndOpCallback(OrvSoundManager::SND_OP_STOP_ALL, SoundsStopped, this);
     StartMusic();
@@ -154,7 +167,6 @@ void TarnwickGame::OnTerminate()
         LogMemory();
     if (m_options.demo)
         WriteReport();
-    m_script.reset();
     m_hud.reset();
     // The font holds a texture: it goes while the texture manager exists.
     delete m_font;
@@ -178,6 +190,8 @@ void TarnwickGame::PlayEffect(const char* name, float gain)
 void TarnwickGame::StartRound()
 {
     ++m_rounds;
+    m_roundStartTurn = m_turns;
+    m_roundOverTurn = 0;
     ClearField();
     m_score = 0;
     m_hero->SetPosition(OrvVector3D(0, 0, 20));
@@ -217,6 +231,7 @@ void TarnwickGame::TakeName()
     if (name.empty())
         name = "Nobody";
     m_lastName = name;
+    m_lastScore = m_score;
     m_highScores.Add(name, m_score);
     m_highScores.Save(GetFileManager(), SavePath("HighScores.xml"));
     m_hud->ShowTable(m_highScores.Text());
@@ -298,8 +313,8 @@ void TarnwickGame::Update(float seconds)
     if (m_lastTurnStart >= 0.0)
         m_turnTimes.Add(start - m_lastTurnStart);
     m_lastTurnStart = start;
-    if (m_script)
-        m_script->BeforeTurn(m_turns);
+    if (m_options.demo)
+        RequestDemoScreenshots();
     ReadSteering();
     // The demo's time is the same on any machine.
     OrvApplication::Update(m_options.demo ? kDemoTurn : seconds);
@@ -312,6 +327,28 @@ void TarnwickGame::Update(float seconds)
         LogMemory();
     if (m_options.frames != 0 && m_turns >= m_options.frames)
         Exit();
+}
+
+void TarnwickGame::RequestDemoScreenshots()
+{
+    // In play, and with the Options sub-menu open; then the name being
+    // completed, and the table that keeps it.
+    if (!IsRoundOver())
+    {
+        const unsigned int turn = m_turns - m_roundStartTurn;
+        if (turn == 90)
+            RequestScreenshot("tarnwick-play.png");
+        else if (turn == 205)
+            RequestScreenshot("tarnwick-menu.png");
+        return;
+    }
+    if (m_roundOverTurn == 0)
+        m_roundOverTurn = m_turns;
+    const unsigned int since = m_turns - m_roundOverTurn;
+    if (since == 40)
+        RequestScreenshot("tarnwick-name.png");
+    else if (since == 90)
+        RequestScreenshot("tarnwick-scores.png");
 }
 
 void TarnwickGame::LogMemory()
@@ -546,7 +583,8 @@ void TarnwickGame::WriteReport() const
     OrvXMLElement* root = report->GetXMLRoot();
     root->SetName("DemoReport");
     root->AddChild(new OrvXMLElement("Turns", std::to_string(m_turns).c_str()));
-    root->AddChild(new OrvXMLElement("Score", std::to_string(m_score).c_str()));
+    // The score the table kept last (the demo ends as its next round begins).
+    root->AddChild(new OrvXMLElement("Score", std::to_string(m_lastName.empty() ? m_score : m_lastScore).c_str()));
     root->AddChild(new OrvXMLElement("Rounds", std::to_string(m_rounds).c_str()));
     root->AddChild(new OrvXMLElement("Name", m_lastName.c_str()));
     root->AddChild(new OrvXMLElement("SoundDevice", GetSoundManager()->HasDevice() ? "1" : "0"));

@@ -14,7 +14,6 @@
 
 class Actor;
 class Creature;
-class DemoScript;
 class Hero;
 class OrvFont;
 class OrvJoypad;
@@ -25,7 +24,8 @@ class OrvWidget;
 
 struct GameOptions
 {
-    // Plays itself through SDL, one sixtieth of a second a turn.
+    // Replays its recorded demo (TarnwickDemo.xml), one sixtieth of a second a
+    // turn, and takes its screenshots on the way.
     bool demo = false;
     // Ends after that many turns; 0 plays until Quit.
     unsigned int frames = 0;
@@ -79,6 +79,8 @@ public:
     // Real seconds the turns took.
     const TurnTimes& GetTurnTimes() const { return m_turnTimes; }
     const std::string& GetLastName() const { return m_lastName; }
+    // The score kept in the table with the last name.
+    int GetLastScore() const { return m_lastScore; }
     bool IsRoundOver() const { return m_state != PLAYING && m_state != PAUSED; }
     // The name is kept and the table shows: Space starts another round.
     bool IsShowingScores() const { return m_state == SCORES; }
@@ -111,6 +113,8 @@ private:
 
     void MakeDevices();
     void StartRound();
+    // The demo's four screenshots, at fixed turns of its round.
+    void RequestDemoScreenshots();
     void EndRound();
     void Pause(bool pause);
     void TakeName();
@@ -143,6 +147,9 @@ private:
     unsigned int m_turns = 0;
     // Rounds begun, the first included.
     unsigned int m_rounds = 0;
+    // The turn the round started in, and the first turn that saw it over (0 until then).
+    unsigned int m_roundStartTurn = 0;
+    unsigned int m_roundOverTurn = 0;
     // The turn of the memory log's last line.
     unsigned int m_loggedTurn = ~0u;
     TurnTimes m_turnTimes;
@@ -151,6 +158,7 @@ private:
     unsigned int m_soundsPlayed = 0;
     bool m_debug = false;
     std::string m_lastName;
+    int m_lastScore = 0;
     std::string m_screenshot;
     struct Shot
     {
@@ -165,7 +173,6 @@ private:
     OrvJoypad* m_joypad = nullptr;
     OrvFont* m_font = nullptr;
     std::unique_ptr<Hud> m_hud;
-    std::unique_ptr<DemoScript> m_script;
     OrvTimer* m_round = nullptr;
     Hero* m_hero = nullptr;
     std::vector<Actor*> m_gems;

@@ -4,9 +4,10 @@
 //
 // Run it from its build folder (it reads MediaPaths.xml and Tarnwick.vbf
 // there). ORV_WINDOWED=1 opens a window instead of the full screen. --demo
-// plays itself through SDL, one sixtieth of a second a turn, saves PNG
-// screenshots and a report in the save folder, and prints the frame times;
-// given more than its 520 turns it plays its script again, round after round.
+// replays the recorded demo beside it (TarnwickDemo.xml), one sixtieth of a
+// second a turn, saves PNG screenshots and a report in the save folder, and
+// prints the frame times; given more than its 521 turns it plays the
+// recording again, round after round.
 // --memory-log writes "turn rss_kB" every 1,000 turns and at the last.
 #include <sys/stat.h>
 #include <unistd.h>
@@ -118,8 +119,6 @@ int main(int argc, char** argv)
     {
         // The demo's round is short and its length fixed: it always plays the same.
         options.roundSeconds = 5.0f;
-        if (options.frames == 0)
-            options.frames = 520;
     }
     TarnwickGame game(options);
     int status = 0;
@@ -142,8 +141,9 @@ int main(int argc, char** argv)
     if (status != 0)
         return status;
     PrintFrameTimes(game);
-    std::printf("Tarnwick: last score %d%s%s; peak memory %.1f MB\n", game.GetScore(),
-                game.GetLastName().empty() ? "" : ", kept for ", game.GetLastName().c_str(),
+    const bool kept = !game.GetLastName().empty();
+    std::printf("Tarnwick: last score %d%s%s; peak memory %.1f MB\n", kept ? game.GetLastScore() : game.GetScore(),
+                kept ? ", kept for " : "", game.GetLastName().c_str(),
                 TarnwickGame::MemoryStatusKB("VmHWM") / 1024.0);
     return 0;
 }

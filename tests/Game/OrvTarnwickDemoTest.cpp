@@ -1,4 +1,4 @@
-// The sample game end to end: its scripted demo runs once under an X server of
+// The sample game end to end: its recorded demo is replayed once under an X server of
 // its own, on openal-soft's null backend, and what it leaves is checked.
 #include <gtest/gtest.h>
 
@@ -87,11 +87,11 @@ TEST(OrvTarnwickDemo, PlaysARoundSavesTheNameAndShowsTheHUDAndTheHero)
 {
     DemoRun run;
     ASSERT_EQ(0, run.status) << "no exception escaped:\n" << run.output;
-    EXPECT_NE(std::string::npos, run.output.find("Tarnwick: 520 turns in")) << run.output;
+    EXPECT_NE(std::string::npos, run.output.find("Tarnwick: 521 turns in")) << run.output;
 
     OrvFileManager files;
     const OrvXMLElement* report = files.GetOrLoad<OrvXMLFile>(DemoRun::Path("DemoReport.xml").c_str())->GetXMLRoot();
-    EXPECT_EQ("520", Child(report, "Turns"));
+    EXPECT_EQ("521", Child(report, "Turns"));
     const std::string score = Child(report, "Score");
     EXPECT_GT(std::atoi(score.c_str()), 0) << "the hero gathered gems";
     EXPECT_EQ("1", Child(report, "SoundDevice")) << "openal-soft's null backend is a device";
@@ -126,6 +126,13 @@ TEST(OrvTarnwickDemo, PlaysARoundSavesTheNameAndShowsTheHUDAndTheHero)
         {
             EXPECT_GT(image.CountNear(Box(Child(shot, "HeroBox")), 40, 170, 150, 30), 40) << file;
         }
+        // And the whole picture is the one kept with the tests, but for the
+        // edges a rasteriser rounds its own way (another Gallium driver differs
+        // in about 70 pixels); what differs is drawn in DIFF-<file>.
+        const std::string diff = std::string(ORVSHOT) + " diff '" + REFERENCE_DIR + "/" + file + "' '" +
+                                 DemoRun::Path(file) + "' --tolerance 8 --allow 200 --out '" +
+                                 DemoRun::Path("DIFF-" + file) + "'";
+        EXPECT_EQ(0, std::system(diff.c_str())) << diff;
     }
     EXPECT_EQ(4u, shots);
 }

@@ -1,6 +1,6 @@
-// The sample game's command line and its demo played past its script: bad
-// values are refused before a window opens, and a longer demo goes through
-// its script again in new rounds while it logs its resident memory.
+// The sample game's command line and its demo played past its recording: bad
+// values are refused before a window opens, and a longer demo plays the
+// recording again in new rounds while it logs its resident memory.
 #include <gtest/gtest.h>
 
 #include <signal.h>
@@ -106,12 +106,12 @@ TEST(OrvTarnwickOptions, ValuesThatCannotBeUsedAreRefusedWithTheUsageLine)
     }
 }
 
-TEST(OrvTarnwickLongDemo, PlaysItsScriptAgainInNewRoundsAndLogsItsMemory)
+TEST(OrvTarnwickLongDemo, PlaysItsRecordingAgainInNewRoundsAndLogsItsMemory)
 {
     OrvScratchDir scratch;
     OwnXServer x;
     ASSERT_FALSE(x.Display().empty()) << "Xvfb started";
-    // Two whole passes of the script and the start of a third.
+    // Two whole passes of the recording and the start of a third.
     GameRun run("--demo --frames 1100 --save '" + Here("") + "' --memory-log '" + Here("memory.log") + "'",
                 "DISPLAY=" + x.Display() + " ALSOFT_DRIVERS=null ASAN_OPTIONS=detect_leaks=0:abort_on_error=1");
     ASSERT_EQ(0, run.status) << run.output;
