@@ -70,7 +70,9 @@ void OrvApplication::Run()
         // No frame cap and no sleep: a turn runs as soon as the clock advances.
         if (!(span > minimumSpan))
             continue;
-        Update(span.Get());
+        // A replayed turn runs with its recorded frame time, the game's
+        // Update included.
+        Update(m_session != nullptr ? m_session->NextTurnSeconds(span.Get()) : span.Get());
         m_renderer->PreRender();
         RenderWorld();
         RenderHUD();

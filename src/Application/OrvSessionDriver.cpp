@@ -100,6 +100,22 @@ void OrvSessionDriver::DevicesReady(const OrvInputManager* input, unsigned int w
           Printed("Window", std::to_string(width) + " " + std::to_string(height)) + kRootEnd);
 }
 
+const OrvSession::Turn* OrvSessionDriver::Replayed(unsigned int turn) const
+{
+    const std::vector<OrvSession::Turn>& turns = m_session.GetTurns();
+    if (turns.empty() || (m_passes != 0 && turn / turns.size() >= m_passes))
+        return nullptr;
+    return &turns[turn % turns.size()];
+}
+
+float OrvSessionDriver::NextTurnSeconds(float liveSeconds) const
+{
+    if (m_replayFile.empty())
+        return liveSeconds;
+    const OrvSession::Turn* next = Replayed(m_turnRunning ? m_turn + 1 : m_turn);
+    return next != nullptr ? next->seconds : 0.0f;
+}
+
 float OrvSessionDriver::BeginTurn(float liveSeconds)
 {
     if (m_turnRunning)
@@ -107,16 +123,11 @@ float OrvSessionDriver::BeginTurn(float liveSeconds)
     m_turnRunning = true;
     if (!m_replayFile.empty())
     {
-        const std::vector<OrvSession::Turn>& turns = m_session.GetTurns();
-        if (turns.empty() || (m_passes != 0 && m_turn / turns.size() >= m_passes))
-        {
-            OrvSDLEventSource::Replay(nullptr);
-            return 0.0f;
-        }
-        const OrvSession::Turn& turn = turns[m_turn % turns.size()];
-        CheckDevices(turn);
-        OrvSDLEventSource::Replay(&turn);
-        return turn.seconds;
+        const OrvSession::Turn* turn = Replayed(m_turn);
+        if (turn != nullptr)
+            CheckDevices(*turn);
+        OrvSDLEventSource::Replay(turn);
+        return turn != nullptr ? turn->seconds : 0.0f;
     }
     m_recording.seconds = liveSeconds;
     m_recording.events.clear();

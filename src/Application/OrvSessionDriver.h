@@ -34,6 +34,9 @@ public:
     bool ReplayWindow(unsigned int& width, unsigned int& height) const;
     // After OnInitialise: the devices the game has, the size it draws at.
     void DevicesReady(const OrvInputManager* input, unsigned int width, unsigned int height);
+    // The seconds the next turn will run with, before it begins: the game's
+    // own Update hears them too.
+    float NextTurnSeconds(float liveSeconds) const;
     // At the start of a turn: the seconds it runs with.
     float BeginTurn(float liveSeconds);
     // Once the turn took its input.
@@ -49,6 +52,8 @@ public:
 private:
     void Write(const std::string& bytes);
     void CheckDevices(const OrvSession::Turn& turn) const;
+    // The recorded turn the turn `turn` replays; null past the last pass.
+    const OrvSession::Turn* Replayed(unsigned int turn) const;
 
     std::string m_recordFile;
     std::string m_replayFile;

@@ -58,7 +58,10 @@ public:
     void Update(float seconds) override
     {
         Push(m_turn);
-        m_line.clear();
+        // The game's own Update hears the turn's time as the engine does.
+        char text[32];
+        std::snprintf(text, sizeof(text), " game=%.9g", seconds);
+        m_line = text;
         OrvApplication::Update(seconds);
         trace.push_back("turn " + std::to_string(GetSessionTurn()) + m_line + " rand=" + std::to_string(std::rand()));
         if (++m_turn == m_stopAt)
