@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
+#include <vector>
 
 #include <OrvEngine/OrvColorMaterial.h>
 #include <OrvEngine/OrvColoredTextureMaterial.h>
@@ -20,12 +22,12 @@
 #include <OrvEngine/OrvSDLJoypad.h>
 #include <OrvEngine/OrvSDLKeyboard.h>
 #include <OrvEngine/OrvSDLMouse.h>
+#include <OrvEngine/OrvPNGWriter.h>
 #include <OrvEngine/OrvTGAImageFile.h>
 #include <OrvEngine/OrvTexture.h>
 #include <OrvEngine/OrvTextureManager.h>
 #include <OrvEngine/OrvTimerManager.h>
 #include <OrvEngine/OrvVertex.h>
-#include "ScriptedMouse.h"
 
 void ExampleApp::OnInitialise()
 {
@@ -65,7 +67,7 @@ void ExampleApp::RenderHUD()
 void ExampleApp::AddStandardDevices()
 {
     m_keyboard = new OrvSDLKeyboard();
-    m_mouse = new ScriptedMouse();
+    m_mouse = new OrvSDLMouse();
     m_joypad = new OrvSDLJoypad(0);
     for (OrvInputDevice* device : {static_cast<OrvInputDevice*>(m_keyboard), static_cast<OrvInputDevice*>(m_mouse),
                                    static_cast<OrvInputDevice*>(m_joypad)})
@@ -141,29 +143,44 @@ void ExampleApp::Report(const char* format, ...) const
     std::fflush(stdout);
 }
 
-// The engine has no way to read the frame back: the pixels come from OpenGL,
-// the file is written by the engine's TGA writer (bottom row first).
+// The pixels come from OpenGL; the file is written by the engine's PNG
+// writer (a name ending in .png, rows from the top) or TGA writer (bottom
+// row first).
 void ExampleApp::SaveScreenshot() const
 {
     const unsigned int width = GetRenderer()->GetViewportWidth();
     const unsigned int height = GetRenderer()->GetViewportHeight();
-    OrvTGAImageFile shot;
-    shot.SetImageTypeCode(2);
-    shot.SetImagePixelSize(32);
-    shot.SetWidth(width);
-    shot.SetHeight(height);
-    shot.ResetImageData();
+    std::vector<unsigned char> rgba(static_cast<size_t>(width) * height * 4);
     glPixelStorei(GL_PACK_ALIGNMENT, 1);
     glReadPixels(static_cast<GLint>(GetRenderer()->GetViewportOriginX()),
                  static_cast<GLint>(GetRenderer()->GetViewportOriginY()), static_cast<GLsizei>(width),
-                 static_cast<GLsizei>(height), GL_RGBA, GL_UNSIGNED_BYTE, shot.GetData());
+                 static_cast<GLsizei>(height), GL_RGBA, GL_UNSIGNED_BYTE, rgba.data());
     // What the window shows is opaque, whatever the blending left in alpha.
-    for (unsigned long i = 3; i < shot.GetImageDataSize(); i += 4)
-        shot.GetData()[i] = 255;
-    shot.Create(GetFileManager(), ++GetFileManager()->LastFileID);
-    shot.Save(m_options.screenshot.c_str(), OrvFile::SAVE_DEFAULT);
-    shot.Close();
-    Report("%ux%u screenshot saved to %s", width, height, m_options.screenshot.c_str());
+    for (size_t i = 3; i < rgba.size(); i += 4)
+        rgba[i] = 255;
+    const std::string& name = m_options.screenshot;
+    if (name.size() > 4 && name.compare(name.size() - 4, 4, ".png") == 0)
+    {
+        const size_t row = static_cast<size_t>(width) * 4;
+        std::vector<unsigned char> topFirst(rgba.size());
+        for (unsigned int y = 0; y < height; ++y)
+            std::memcpy(&topFirst[y * row], &rgba[(height - 1 - y) * row], row);
+        OrvPNGWriter::Write(name, width, height, topFirst.data());
+    }
+    else
+    {
+        OrvTGAImageFile shot;
+        shot.SetImageTypeCode(2);
+        shot.SetImagePixelSize(32);
+        shot.SetWidth(width);
+        shot.SetHeight(height);
+        shot.ResetImageData();
+        std::memcpy(shot.GetData(), rgba.data(), rgba.size());
+        shot.Create(GetFileManager(), ++GetFileManager()->LastFileID);
+        shot.Save(name.c_str(), OrvFile::SAVE_DEFAULT);
+        shot.Close();
+    }
+    Report("%ux%u screenshot saved to %s", width, height, name.c_str());
 }
 
 bool ParseExampleOptions(int argc, char** argv, ExampleOptions& options)

@@ -10,10 +10,11 @@
 //
 // SECONDS (0, the default, runs until Escape) ends the example after that
 // long; --windowed opens a window instead of the full screen (as
-// ORV_WINDOWED=1 does); --demo lets an example play by itself; --screenshot
-// keeps the last frame drawn in a 32-bit TGA file.
+// ORV_WINDOWED=1 does); --demo replays the example's recorded demo; --screenshot
+// keeps the last frame drawn in a 32-bit TGA file, or a PNG file for a name
+// ending in .png. An example's demo is a recorded session, NAMEDemo.xml in its
+// folder: recorded with ORV_RECORD=file, replayed with --demo.
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -34,7 +35,6 @@ class OrvSDLJoypad;
 class OrvSDLKeyboard;
 class OrvSDLMouse;
 class OrvTexture;
-class ScriptedMouse;
 
 struct ExampleOptions
 {
@@ -46,7 +46,11 @@ struct ExampleOptions
 class ExampleApp : public OrvApplication
 {
 public:
-    ExampleApp(const char* name, const ExampleOptions& options) : m_name(name), m_options(options) {}
+    ExampleApp(const char* name, const ExampleOptions& options) : m_name(name), m_options(options)
+    {
+        if (options.demo)
+            SetReplayFile(std::string(name) + "Demo.xml");
+    }
     const char* GetName() const { return m_name; }
 
 protected:
@@ -70,24 +74,6 @@ protected:
     OrvSDLKeyboard* GetKeyboard() const { return m_keyboard; }
     OrvSDLMouse* GetMouse() const;
     OrvSDLJoypad* GetJoypad() const { return m_joypad; }
-
-    // A demo script's hand on the standard devices (ExampleScript.cpp): it
-    // reaches the game through the input manager, as SDL's events do.
-    // Moves the mouse so that the cursor's hot spot lands on a point of the
-    // HUD (pixels from the lower-left corner), or on an asset's middle.
-    void PointAt(const OrvVector3D& target);
-    void PointAt(const OrvGameAsset* asset);
-    // The left button pressed and released where the pointer is.
-    void Click();
-    // A key goes down (typing `text`, if any), up, or both.
-    void KeyDown(OrvKey key, const char* text = "");
-    void KeyUp(OrvKey key);
-    void Type(OrvKey key, const char* text);
-    // The script's clock, called once a turn with the turn's time: the index
-    // of the step that falls due (steps at `times` seconds from the start,
-    // in order, one a turn at most, so that each sees the last one's
-    // effect), or -1.
-    int DueScriptStep(float seconds, std::initializer_list<float> times);
 
     // An asset of class T made from its record (any record the class takes),
     // under `parent` unless that is null.
@@ -128,12 +114,10 @@ private:
     const char* m_name;
     ExampleOptions m_options;
     OrvSDLKeyboard* m_keyboard = nullptr;
-    ScriptedMouse* m_mouse = nullptr;
+    OrvSDLMouse* m_mouse = nullptr;
     OrvSDLJoypad* m_joypad = nullptr;
     std::vector<OrvTexture*> m_textures;
     std::vector<OrvFont*> m_fonts;
-    float m_scriptTime = 0.0f;
-    unsigned int m_scriptStep = 0;
 };
 
 // Reads the command line; false (after printing the usage) when it is wrong.

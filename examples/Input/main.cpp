@@ -2,9 +2,9 @@
 // handed to the input manager. Two ways to use them: read their state at any
 // time (the arrow keys or the left stick move the square), or listen to
 // their events (a key log hears every key and button pressed). With --demo
-// the example plays a short script (Common/ExampleScript.cpp): it builds the
-// events a player would cause and hands them to the input manager, which
-// sets the devices' state and tells every listener, as it does with SDL's.
+// the example replays its recorded demo (InputDemo.xml): Right held for half
+// a second, H and I typed, a click, then Escape, handed to the devices as SDL
+// handed them over when it was recorded.
 //
 //   Input [SECONDS] [--windowed] [--demo] [--screenshot FILE]
 #include <string>
@@ -66,8 +66,6 @@ protected:
 
     void Update(float seconds) override
     {
-        if (Options().demo)
-            PlayScript(seconds);
         OrvApplication::Update(seconds);
         // Up is positive on the stick as in the HUD.
         float x = GetJoypad()->GetAxisValue(JOYPAD_AXIS_LEFT_X);
@@ -78,21 +76,6 @@ protected:
     }
 
 private:
-    // Right held for half a second, H and I typed, a click, then Escape.
-    void PlayScript(float seconds)
-    {
-        switch (DueScriptStep(seconds, {0.1f, 0.6f, 0.7f, 0.8f, 0.9f, 1.0f}))
-        {
-        case 0: KeyDown(KEY_RIGHT); break;
-        case 1: KeyUp(KEY_RIGHT); break;
-        case 2: Type(KEY_H, "h"); break;
-        case 3: Type(KEY_I, "i"); break;
-        case 4: Click(); break;
-        case 5: Type(KEY_ESCAPE, ""); break;
-        default: break;
-        }
-    }
-
     KeyLog m_log;
     OrvGameAsset* m_square = nullptr;
 };

@@ -3,10 +3,10 @@
 // (each state asks to be replaced a second after it began); sparks the lamp
 // throws along five directions, each deleting itself after a second and a
 // half, counted by marks on a head-up bar; debug markers where the sparks
-// fly; and a head-up display of widgets (GameHud) that --demo plays by
-// itself through SDL, as a player would (DemoScript): the pointer rests on
-// Options, its sub-menu opens, Debug is clicked, a name is completed with
-// Tab and entered with Return. Space, or Blip in the menu, plays a blip.
+// fly; and a head-up display of widgets (GameHud). --demo replays a recorded
+// session (MinimalGameDemo.xml): the pointer rests on Options, its sub-menu
+// opens, Debug is clicked, a name is completed with Tab and entered with
+// Return. Space, or Blip in the menu, plays a blip.
 //
 //   MinimalGame [SECONDS] [--windowed] [--demo] [--screenshot FILE]
 #include <cmath>
@@ -14,7 +14,6 @@
 #include <memory>
 #include <string>
 
-#include "DemoScript.h"
 #include "ExampleApp.h"
 #include "GameHud.h"
 #include <OrvEngine/OrvGameAssetState.h>
@@ -131,8 +130,6 @@ protected:
         OrvRenderer* renderer = GetRenderer();
         m_widgets->Place(static_cast<float>(renderer->GetViewportWidth()),
                          static_cast<float>(renderer->GetViewportHeight()));
-        if (Options().demo)
-            m_script.reset(new DemoScript(m_widgets.get(), renderer));
 
         // A bar across the top of the HUD, and the spark marks in front of it.
         // The HUD's depth runs from 0 (nearest) to -1.
@@ -162,8 +159,6 @@ protected:
 
     void Update(float seconds) override
     {
-        if (m_script)
-            m_script->Advance(seconds);
         OrvApplication::Update(seconds);
         if (GetPaused())
             return;
@@ -178,7 +173,6 @@ protected:
         if (!m_status.empty())
             std::printf("MinimalGame: last status: %s (%u debug markers)\n", m_status.c_str(),
                         GetDebugRoot()->GetChildCount());
-        m_script.reset();
         m_widgets.reset();
         ExampleApp::OnTerminate();
     }
@@ -228,7 +222,6 @@ private:
     }
 
     std::unique_ptr<GameHud> m_widgets;
-    std::unique_ptr<DemoScript> m_script;
     std::string m_status;
     OrvGameAsset* m_lamp = nullptr;
     OrvGameAsset* m_marks = nullptr;

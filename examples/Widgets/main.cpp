@@ -2,7 +2,9 @@
 // a menu whose "Colours" button opens a sub-menu when clicked or rested on,
 // a button of its own, labels, and a text field that takes what is typed.
 // Return greets the name typed; the status line says what happened. With
-// --demo the example clicks and types by itself (Common/ExampleScript.cpp).
+// --demo the example replays its recorded demo (WidgetsDemo.xml): it clicks
+// "Say hello", types a name into the field and enters it, rests on "Colours"
+// until its sub-menu opens, picks "Cyan" there and ends over "Clear".
 //
 //   Widgets [SECONDS] [--windowed] [--demo] [--screenshot FILE]
 #include <string>
@@ -98,27 +100,6 @@ protected:
             m_name->GetText().ToCString(name, sizeof(name), nullptr);
             SetStatus("Hello, " + std::string(name) + "!");
         }
-    }
-
-    void Update(float seconds) override
-    {
-        // Rests on Colours until its sub-menu opens, then picks Cyan there.
-        const std::initializer_list<float> times = {0.2f, 0.3f, 0.5f, 0.6f, 0.7f, 0.9f, 1.1f, 1.5f, 1.6f, 1.7f};
-        switch (Options().demo ? DueScriptStep(seconds, times) : -1)
-        {
-        case 0: PointAt(m_hello); break;
-        case 1: Click(); break;
-        case 2: PointAt(m_name); break;
-        case 3: Click(); break;  // empties the field and starts typing again
-        case 4: Type(KEY_A, "A"); Type(KEY_D, "d"); Type(KEY_A, "a"); break;
-        case 5: Type(KEY_RETURN, ""); break;
-        case 6: PointAt(m_colours); break;
-        case 7: PointAt(m_cyan); break;
-        case 8: Click(); break;
-        case 9: PointAt(m_clear); break;
-        default: break;
-        }
-        OrvApplication::Update(seconds);
     }
 
 private:
