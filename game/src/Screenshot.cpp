@@ -1,36 +1,34 @@
 #include "Screenshot.h"
 
 #include <GL/gl.h>
-#include <png.h>
 
-#include <cstdio>
+#include <cstring>
 #include <vector>
+
+#include <OrvEngine/OrvFileException.h>
+#include <OrvEngine/OrvPNGWriter.h>
 
 bool SaveScreenshot(const std::string& path, unsigned int width, unsigned int height)
 {
-    std::vector<unsigned char> pixels(static_cast<size_t>(width) * height * 3);
+    const size_t row = static_cast<size_t>(width) * 4;
+    std::vector<unsigned char> pixels(row * height);
     glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, static_cast<GLsizei>(width), static_cast<GLsizei>(height), GL_RGB, GL_UNSIGNED_BYTE,
+    glReadPixels(0, 0, static_cast<GLsizei>(width), static_cast<GLsizei>(height), GL_RGBA, GL_UNSIGNED_BYTE,
                  pixels.data());
-    FILE* file = std::fopen(path.c_str(), "wb");
-    if (file == nullptr)
-        return false;
-    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
-    png_infop info = png != nullptr ? png_create_info_struct(png) : nullptr;
-    if (info == nullptr || setjmp(png_jmpbuf(png)))
+    // OpenGL's rows run up from the bottom, PNG's down from the top; what the
+    // window shows is opaque, whatever blending left in alpha.
+    std::vector<unsigned char> topFirst(pixels.size());
+    for (unsigned int y = 0; y < height; ++y)
+        std::memcpy(&topFirst[y * row], &pixels[(height - 1 - y) * row], row);
+    for (size_t i = 3; i < topFirst.size(); i += 4)
+        topFirst[i] = 255;
+    try
     {
-        png_destroy_write_struct(&png, &info);
-        std::fclose(file);
+        OrvPNGWriter::Write(path, width, height, topFirst.data());
+    }
+    catch (const OrvFileException&)
+    {
         return false;
     }
-    png_init_io(png, file);
-    png_set_IHDR(png, info, width, height, 8, PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
-                 PNG_FILTER_TYPE_DEFAULT);
-    png_write_info(png, info);
-    // OpenGL's rows run up from the bottom, PNG's down from the top.
-    for (unsigned int row = height; row > 0; --row)
-        png_write_row(png, pixels.data() + static_cast<size_t>(row - 1) * width * 3);
-    png_write_end(png, nullptr);
-    png_destroy_write_struct(&png, &info);
-    return std::fclose(file) == 0;
+    return true;
 }
